@@ -65,12 +65,12 @@ std::string Hexadecimal(unsigned Valeur) {
 
 double Valeur_Num(std::string_view Texte) {
   Texte.remove_prefix(std::min(Texte.find_first_not_of(" \t"), Texte.size()));
-  // from_chars refuses a plus sign, and would read an exponent or "inf": only the number's own
-  // characters are handed to it.
-  if (Texte.starts_with('+')) Texte.remove_prefix(1);
-  std::size_t Fin = Fin_Des_Chiffres(Texte, Texte.starts_with('-') ? 1 : 0);
+  // from_chars would also read an exponent or "inf": only the number's own characters reach it.
+  const bool Negatif = Texte.starts_with('-');
+  if (Negatif || Texte.starts_with('+')) Texte.remove_prefix(1);
+  std::size_t Fin = Fin_Des_Chiffres(Texte, 0);
   if (Fin < Texte.size() && Texte[Fin] == '.') Fin = Fin_Des_Chiffres(Texte, Fin + 1);
   double Valeur = 0;
   std::from_chars(Texte.data(), Texte.data() + Fin, Valeur, std::chars_format::fixed);
-  return Valeur;
+  return Negatif ? -Valeur : Valeur;
 }
