@@ -6,6 +6,8 @@
 #include <string>
 #include <vector>
 
+#include "platform/Octets.h"
+
 /// The names of the last scan, in the order of the directory search, at most 26 of each kind.
 struct Catalogue_Logiciels {
   std::vector<std::string> Liste_Applis;
@@ -34,8 +36,8 @@ struct Variables_Globales {
   /// An application transfer follows the kernel transfer.
   bool Noyau_Et_Appli = false;
   Session_Galss Session;
-  /// The bytes last read from the serial line, one character per byte.
-  std::string Reponse_Serie;
+  /// The bytes last read from the serial line.
+  Octets Reponse_Serie;
   /// The directory shown by the directory dialog; outlives it.
   std::string Chemin_Dossier;
 };

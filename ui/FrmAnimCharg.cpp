@@ -4,7 +4,8 @@
 
 // clang-format off
 Fenetre_Progression::Fenetre_Progression(Fenetrage& Ecran, Fenetre& Principale)
-    : Fenetre(Ecran, {.Titre = "Pavorin", .Largeur = 5520, .Hauteur = 1920, .Fermable = false, .Devant = &Principale}),
+    : Fenetre(Ecran, {.Titre = "Pavorin", .Largeur = 5520, .Hauteur = 1920, 
+              .Fermable = false, .Garde_Eveille = true, .Devant = &Principale}),
       LblTitre(*this, 701, {960, 120, 4092, 372}, {.Texte = "Chargement en cours...", .Points = 16.5, .Gras = true}),
       LblBlock(*this, 702, {240, 720, 612, 252}, {.Texte = "Bloc : ", .Points = 10.5, .Gras = true}),
       LblNumBlock(*this, 703, {960, 720, 492, 252}, {.Points = 10.5}),

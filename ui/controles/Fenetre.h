@@ -26,6 +26,8 @@ struct Conception_Fenetre {
   int Hauteur = 0;
   std::optional<Couleur> Fond = {};  ///< absent: the system's
   bool Fermable = true;              ///< has a close box
+  /// While it is open the PC does not sleep and asks before shutting down.
+  bool Garde_Eveille = false;
   /// Stays in front of this window, which is never closed while this one is open.
   Fenetre* Devant = nullptr;
 };
