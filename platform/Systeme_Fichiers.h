@@ -2,24 +2,22 @@
 // Files, directories and drives. Paths are UTF-8, their separator is "\"; they may be longer than
 // 260 characters or lie on a share. No call ever shows a system dialog box.
 
-#include <cstddef>
 #include <cstdint>
 #include <functional>
 #include <memory>
+#include <span>
 #include <string>
 #include <string_view>
 #include <vector>
-
-#include "platform/Octets.h"
 
 /// A file open for reading; destroying it closes it.
 class Fichier_Ouvert {
  public:
   virtual ~Fichier_Ouvert() = default;
 
-  /// Exactly Nombre bytes from the current position. Raises 62 when the file ends before, the
+  /// Fills the whole buffer from the current position. Raises 62 when the file ends before, the
   /// system's own error when it cannot be read.
-  virtual Octets Lire(std::size_t Nombre) = 0;
+  virtual void Lire(std::span<std::uint8_t> Tampon) = 0;
 };
 
 class Systeme_Fichiers {
