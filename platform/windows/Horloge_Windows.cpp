@@ -1,0 +1,40 @@
+#include "platform/windows/Horloge_Windows.h"
+
+#include <windows.h>
+
+#include <array>
+
+#include "platform/windows/Texte_Windows.h"
+
+namespace {
+
+// The two locale calls below answer a length that counts the final zero, 0 on failure.
+std::string Texte_Local(const std::array<wchar_t, 128>& Tampon, int Longueur) {
+  return Longueur == 0 ? std::string() : En_Utf8({Tampon.data(), std::size_t(Longueur) - 1});
+}
+
+}  // namespace
+
+std::string Horloge_Windows::Heure_Du_Jour() {
+  std::array<wchar_t, 128> Tampon;
+  return Texte_Local(Tampon, GetTimeFormatEx(LOCALE_NAME_USER_DEFAULT, 0, nullptr, nullptr,
+                                             Tampon.data(), int(Tampon.size())));
+}
+
+double Horloge_Windows::Secondes() {
+  LARGE_INTEGER Tops;
+  LARGE_INTEGER Par_Seconde;
+  QueryPerformanceCounter(&Tops);
+  QueryPerformanceFrequency(&Par_Seconde);
+  return double(Tops.QuadPart) / double(Par_Seconde.QuadPart);
+}
+
+std::string Horloge_Windows::Nom_Mois(int Mois) {
+  if (Mois < 1 || Mois > 12) {
+    throw Erreur(Numero_Erreur::Appel_Incorrect, "Numéro de mois incorrect");
+  }
+  std::array<wchar_t, 128> Tampon;
+  return Texte_Local(Tampon, GetLocaleInfoEx(LOCALE_NAME_USER_DEFAULT,
+                                             LOCALE_SMONTHNAME1 + static_cast<LCTYPE>(Mois - 1),
+                                             Tampon.data(), int(Tampon.size())));
+}
