@@ -1,0 +1,197 @@
+#include "download/Mise_A_Jour.h"
+
+#include "download/Chargement.h"
+#include "download/Trame_Telechargement.h"
+#include "platform/Erreur.h"
+#include "platform/Fenetrage.h"
+#include "platform/Texte.h"
+
+struct Famille {
+  decltype(&Demande_Telechargement) Demande;
+  decltype(&Bloc_Telechargement) Bloc;
+  /// Bytes at the end of the file that are neither announced nor sent.
+  std::int64_t Octets_Retenus;
+  /// While the reader installs what it received.
+  double Pause_Succes;
+  /// The file is closed before the verdict; a success leaves the pointer and "Quitter" alone.
+  bool Suite_Attendue;
+};
+
+namespace {
+
+constexpr double Pause_Noyau = 25;
+constexpr double Pause_Noyau_Et_Appli = 24;
+constexpr double Pause_Appli = 7;
+constexpr double Pause_Echec = 3;
+
+// Longest sleep of a pause: an event ends it at once.
+constexpr std::chrono::milliseconds Sommeil{50};
+
+constexpr Famille Noyau_Telecharge{Demande_Telechargement, Bloc_Telechargement, 0, Pause_Noyau,
+                                   true};
+constexpr Famille Appli_Telechargee{Demande_Telechargement, Bloc_Telechargement, 0, Pause_Appli,
+                                    false};
+constexpr Famille Noyau_Charge{Demande_Chargement, Bloc_Chargement, 3, Pause_Noyau_Et_Appli, false};
+constexpr Famille Seul_Charge{Demande_Chargement, Bloc_Chargement, 3, Pause_Appli, false};
+
+// Half the size that the reader announces is for the frame, 5 bytes of which are its header.
+constexpr std::int32_t Donnees_Par_Bloc(std::int32_t Taille_Bloc) {
+  return Taille_Bloc / 2 - 5;
+}
+
+}  // namespace
+
+struct Mise_A_Jour::Transfert {
+  const Famille& Genre;
+  std::int64_t Taille_Fichier = 0;
+  std::int64_t Longueur = 0;  // declared to the reader and sent
+  std::unique_ptr<Fichier_Ouvert> Fichier = {};
+  bool Fichier_Ouvert_Une_Fois = false;
+  std::string Message = {};
+};
+
+Mise_A_Jour::Mise_A_Jour(const Machine& Poste, Fenetres& F, Variables_Globales& Globales,
+                         Liaison_Galss& Liaison, Connect_Deconnect& Session)
+    : Disque_(Poste.Disque),
+      Temps_(Poste.Temps),
+      Ecran_(Poste.Ecran),
+      FMain_(F.FMain),
+      FrmAnimCharg_(F.FrmAnimCharg),
+      Globales_(Globales),
+      Liaison_(Liaison),
+      Session_(Session),
+      Journal_(F.FMain.TxtDetails, Poste.Temps) {}
+
+bool Mise_A_Jour::Telecharger_Fichier(const std::string& Chemin, bool Noyau) {
+  const std::string& Choix = Noyau ? FMain_.CchooseNoyau.Texte() : FMain_.CchosseAppli.Texte();
+  return Transferer(Noyau ? Noyau_Telecharge : Appli_Telechargee, Chemin,
+                    Noyau ? "0000" : Globales_.Version_Appli, "Ouverture du fichier " + Choix);
+}
+
+bool Mise_A_Jour::Charger_Fichier(const std::string& Chemin) {
+  return Transferer(Globales_.Noyau_Et_Appli ? Noyau_Charge : Seul_Charge, Chemin,
+                    Globales_.Version_Requete, {});
+}
+
+bool Mise_A_Jour::Transferer(const Famille& Genre, const std::string& Chemin,
+                             const std::string& Version, const std::string& Premiere_Ligne) {
+  Transfert T{.Genre = Genre};
+  try {
+    Ouvrir(T, Chemin, Premiere_Ligne);
+    const bool Reussi = Envoyer(T, Version);
+    if (Reussi) {
+      Reussir(T);
+    } else {
+      Echouer(T);
+    }
+    Pause(Reussi ? Genre.Pause_Succes : Pause_Echec);
+    return Finir(T, Reussi);
+  } catch (const std::exception&) {
+    return Abandonner(T);
+  }
+}
+
+void Mise_A_Jour::Ouvrir(Transfert& T, const std::string& Chemin,
+                         const std::string& Premiere_Ligne) {
+  T.Taille_Fichier = Disque_.Taille(Chemin);
+  T.Longueur = T.Taille_Fichier - T.Genre.Octets_Retenus;
+  T.Fichier = Disque_.Ouvrir(Chemin);
+  T.Fichier_Ouvert_Une_Fois = true;
+  Journal_.Ligne(Premiere_Ligne.empty()
+                     ? "Ouverture du fichier. "
+                     : Premiere_Ligne + " " + std::to_string(T.Taille_Fichier) + " Octets.");
+  FrmAnimCharg_.Montrer();
+  FrmAnimCharg_.Poser_Compteur("0");
+  FrmAnimCharg_.Repeindre();
+}
+
+// True when the reader accepted the request and every block.
+bool Mise_A_Jour::Envoyer(Transfert& T, const std::string& Version) {
+  std::int32_t Taille_Bloc = 0;
+  if (T.Genre.Demande(Liaison_, Version, T.Longueur, Taille_Bloc, T.Message) != 0) return false;
+  // A reader that grants no room for data, or refuses with code 0, cannot be loaded.
+  const std::int32_t Taille_Donnees = Donnees_Par_Bloc(Taille_Bloc);
+  if (Taille_Donnees < 1) return false;
+  Journal_.Ligne_Horodatee("Début du chargement.");
+  Journal_.Repeindre();
+  return Envoyer_Blocs(T, Taille_Donnees) == 0;
+}
+
+std::int16_t Mise_A_Jour::Envoyer_Blocs(Transfert& T, std::int32_t Taille_Donnees) {
+  Octets Tampon(static_cast<std::size_t>(Taille_Donnees));
+  std::span<std::uint8_t> Bloc = Tampon;
+  Rang_Bloc Rang{.Premier = true};
+  std::int16_t Statut = 0;
+  std::int16_t Compteur = 0;
+  for (std::int64_t Restant = T.Longueur; Statut == 0 && Restant > 0; Rang.Premier = false) {
+    if (static_cast<std::int64_t>(Bloc.size()) >= Restant) {
+      Rang.Dernier = true;
+      Bloc = Bloc.first(static_cast<std::size_t>(Restant));
+    }
+    T.Fichier->Lire(Bloc);
+    Restant -= static_cast<std::int64_t>(Bloc.size());
+    Statut = T.Genre.Bloc(Liaison_, Rang, Bloc, T.Message);
+    Montrer_Bloc(T, Restant, ++Compteur);
+  }
+  return Statut;
+}
+
+// A refused block is counted and shown like the others.
+void Mise_A_Jour::Montrer_Bloc(const Transfert& T, std::int64_t Restant, std::int16_t Compteur) {
+  if (Compteur == 1) {
+    FrmAnimCharg_.Montrer();
+    FrmAnimCharg_.Repeindre();
+    FrmAnimCharg_.PgbExe.Repeindre();
+  }
+  const auto Reste = static_cast<double>(Restant);
+  const auto Total = static_cast<double>(T.Longueur);
+  FrmAnimCharg_.Poser_Compteur(std::to_string(Compteur));
+  FrmAnimCharg_.Poser_Progression(
+      static_cast<float>(100 - Reste / Total * 100),
+      " " + std::to_string(static_cast<int>(100 - Reste * 100 / Total)) + "%");
+  FrmAnimCharg_.Repeindre_Progression();
+}
+
+void Mise_A_Jour::Reussir(Transfert& T) {
+  if (T.Genre.Suite_Attendue) T.Fichier.reset();
+  FrmAnimCharg_.Montrer_Succes();
+  Journal_.Ligne_Horodatee("Chargement Réussi.");
+}
+
+void Mise_A_Jour::Echouer(Transfert& T) {
+  if (T.Genre.Suite_Attendue) T.Fichier.reset();
+  FrmAnimCharg_.Montrer_Echec();
+  Journal_.Ligne_Horodatee("Problème lors du Chargement.");
+  Session_.Deconnexion(T.Message);
+}
+
+bool Mise_A_Jour::Finir(Transfert& T, bool Reussi) {
+  FrmAnimCharg_.Fermer();
+  if (Reussi && T.Genre.Suite_Attendue) return true;
+  T.Fichier.reset();
+  FMain_.Souris(Pointeur::Defaut);
+  FMain_.CmdQuitter.Active(true);
+  return Reussi;
+}
+
+// Only inside a catch block. No pause, no disconnection; the pointer stays as it is.
+bool Mise_A_Jour::Abandonner(Transfert& T) {
+  const Erreur Cause = Erreur_En_Cours();
+  Journal_.Ligne_Horodatee(Cause.Description() + " " + std::to_string(Cause.Numero()));
+  if (T.Fichier_Ouvert_Une_Fois) {
+    T.Fichier.reset();
+    Journal_.Ligne_Horodatee("Fermeture du fichier.");
+  }
+  if (Cause.Numero() == Numero_Erreur::Bibliotheque_Non_Chargeable) {
+    Ecran_.Boite_Message("Vérifiez l'installation du service SESAM-Vitale (GALSS).", Boutons::Ok,
+                         Icone::Information, "Télécharger");
+  }
+  if (FrmAnimCharg_.Ouverte()) FrmAnimCharg_.Fermer();
+  FMain_.CmdQuitter.Active(true);
+  return false;
+}
+
+void Mise_A_Jour::Pause(double Secondes) {
+  const double Debut = Temps_.Secondes();
+  while (Temps_.Secondes() - Debut < Secondes) Ecran_.Traiter_Evenements(Sommeil);
+}

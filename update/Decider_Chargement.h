@@ -1,0 +1,41 @@
+#pragma once
+// May this reader be loaded, and which of the two selected files go to it, by which transfer. Shows
+// nothing.
+
+#include <string>
+#include <string_view>
+
+#include "Variables_Globales.h"
+#include "platform/Octets.h"
+
+enum class Issue {
+  Terminal_Refuse,
+  Noyau_Ou_Appli_Manquant,
+  Aucune_Nouvelle_Version,
+  Chargement_Interdit_650,
+  Chargement_Interdit_Bifente,
+  A_Charger
+};
+
+enum class Famille_Transfert { Telecharger_Fichier, Charger_Fichier };
+
+struct Resultat_Decision {
+  ::Issue Issue = Issue::Terminal_Refuse;
+  bool Charger_Noyau = false;
+  bool Charger_Appli = false;
+  /// The names to load, one per line: LF CR in automatic mode, CR LF in manual mode.
+  std::string Liste_Fichiers;
+  ::Famille_Transfert Famille_Transfert = ::Famille_Transfert::Telecharger_Fichier;
+};
+
+/// What the operator chose: the mode, and the texts of the two selection lists.
+struct Selection {
+  bool Automatique = true;
+  std::string_view Noyau;
+  std::string_view Appli;
+};
+
+/// Reponse: the configuration reply, whatever its length. Reads the two shared version values; sets
+/// Noyau_Et_Appli when the family is Charger_Fichier.
+Resultat_Decision Decider_Chargement(Vue_Octets Reponse, const Selection& Choix,
+                                     Variables_Globales& Globales);
