@@ -1,0 +1,259 @@
+#pragma once
+// A machine for tests: every interface of the program has its double here. Time jumps, windows have
+// no peers, the reader is the simulated one. Every call passes through Pannes, which counts it and
+// may make it fail.
+
+#include <algorithm>
+#include <deque>
+#include <functional>
+#include <map>
+#include <string>
+#include <utility>
+#include <vector>
+
+#include "app/Application.h"
+#include "platform/Erreur.h"
+#include "platform/Horloge.h"
+#include "platform/Liste_Processus.h"
+#include "platform/Texte.h"
+#include "simulator/Galss_Simulee.h"
+
+/// Quitter: goes through every handler, like the end of the process would.
+struct Programme_Arrete {};
+
+struct Pannes {
+  int Appels = 0;
+  /// Called with each platform call's name and rank; may throw.
+  std::function<void(std::string_view Appel, int Rang)> Avant;
+  void Passer(std::string_view Appel) {
+    ++Appels;
+    if (Avant) Avant(Appel, Appels);
+  }
+};
+
+struct Horloge_De_Test : Horloge {
+  double Maintenant = 0;
+  std::string Heure_Du_Jour() override { return "14:30:05"; }
+  double Secondes() override { return Maintenant; }
+  std::string Nom_Mois(int Mois) override {
+    constexpr const char* Noms[] = {"janvier",   "février", "mars",     "avril",
+                                    "mai",       "juin",    "juillet",  "août",
+                                    "septembre", "octobre", "novembre", "décembre"};
+    return Noms[Mois - 1];
+  }
+};
+
+struct Ecran_De_Test : Fenetrage {
+  explicit Ecran_De_Test(Horloge_De_Test& H, Pannes& P) : Temps(H), Pannes_(P) {}
+
+  Pair_Fenetre* Creer(Fenetre&) override { return nullptr; }
+  Reponse Boite_Message(std::string_view Texte, Boutons Choix, Icone,
+                        std::string_view Titre) override {
+    Boites.push_back(std::string(Titre) + " | " + std::string(Texte));
+    Pannes_.Passer("Boite_Message");
+    if (A_La_Boite) A_La_Boite();
+    return Choix == Boutons::Ok ? Reponse::Ok : Confirmation;
+  }
+  void Traiter_Evenements(std::chrono::milliseconds Attente) override {
+    Plus_Longue = std::max(Plus_Longue, Attente);
+    Temps.Maintenant += std::chrono::duration<double>(Attente).count();
+    Pannes_.Passer("Traiter_Evenements");
+    if (Au_Repos) Au_Repos();
+  }
+  [[noreturn]] void Quitter() override { throw Programme_Arrete(); }
+
+  Horloge_De_Test& Temps;
+  Pannes& Pannes_;
+  std::vector<std::string> Boites;
+  Reponse Confirmation = Reponse::Oui;
+  std::function<void()> A_La_Boite, Au_Repos;
+  std::chrono::milliseconds Plus_Longue{0};
+};
+
+struct Disque_De_Test : Systeme_Fichiers {
+  explicit Disque_De_Test(Pannes& P) : Pannes_(P) {}
+
+  struct Lecteur_Fichier : Fichier_Ouvert {
+    Lecteur_Fichier(Disque_De_Test& D, std::string C) : Disque(D), Chemin(std::move(C)) {
+      ++Disque.Ouverts;
+    }
+    ~Lecteur_Fichier() override { --Disque.Ouverts; }
+    void Lire(std::span<std::uint8_t> Donnees) override {
+      Disque.Pannes_.Passer("Lire");
+      const Octets& Contenu = Disque.Fichiers.at(Chemin);
+      if (Place + Donnees.size() > Contenu.size()) throw Erreur(62, "Lecture au-delà de la fin");
+      std::copy_n(Contenu.begin() + static_cast<std::ptrdiff_t>(Place), Donnees.size(),
+                  Donnees.begin());
+      Place += Donnees.size();
+    }
+    Disque_De_Test& Disque;
+    std::string Chemin;
+    std::size_t Place = 0;
+  };
+
+  std::string Repertoire_Programme() override { return "C:\\Pavorin"; }
+  void Chercher(std::string_view Repertoire, std::string_view,
+                const std::function<bool(std::string_view)>& Visiter) override {
+    Pannes_.Passer("Chercher");
+    for (const auto& Chemin : Ordre) {
+      const auto Coupe = Chemin.rfind('\\') + 1;
+      if (Chemin.substr(0, Coupe) == Repertoire && !Visiter(std::string_view(Chemin).substr(Coupe)))
+        return;
+    }
+  }
+  std::int64_t Taille(std::string_view Chemin) override {
+    Pannes_.Passer("Taille");
+    return static_cast<std::int64_t>(Trouver(Chemin).size());
+  }
+  std::unique_ptr<Fichier_Ouvert> Ouvrir(std::string_view Chemin) override {
+    Pannes_.Passer("Ouvrir_Fichier");
+    Trouver(Chemin);
+    return std::make_unique<Lecteur_Fichier>(*this, std::string(Chemin));
+  }
+  std::vector<std::string> Lecteurs() override { return {"C:\\", "D:\\"}; }
+  std::vector<std::string> Sous_Repertoires(std::string_view Repertoire) override {
+    Pannes_.Passer("Sous_Repertoires");
+    return Repertoire == "C:\\Pavorin" ? std::vector<std::string>{"Logiciels", "Vide"}
+                                       : std::vector<std::string>();
+  }
+  std::string Repertoire_Courant(std::string_view Lecteur) override {
+    return Lecteur.empty() || Lecteur == "C:\\" ? "C:\\Pavorin" : std::string(Lecteur);
+  }
+
+  /// Adds a file; the search finds files in the order of their adding.
+  void Poser(const std::string& Chemin, Octets Contenu = {}) {
+    Ordre.push_back(Chemin);
+    Fichiers[Chemin] = std::move(Contenu);
+  }
+  const Octets& Trouver(std::string_view Chemin) const {
+    const auto Trouve = Fichiers.find(std::string(Chemin));
+    if (Trouve == Fichiers.end()) throw Erreur(53, "Fichier introuvable");
+    return Trouve->second;
+  }
+
+  Pannes& Pannes_;
+  std::vector<std::string> Ordre;
+  std::map<std::string, Octets> Fichiers;
+  int Ouverts = 0;
+};
+
+struct Profil_De_Test : Profil_Prive {
+  explicit Profil_De_Test(Pannes& P) : Pannes_(P) {}
+  Octets Lire(std::string_view Chemin, std::string_view Section, std::string_view Cle,
+              std::size_t Taille) override {
+    Pannes_.Passer("Lire_Profil");
+    Octets Valeur = Valeurs[Lieu(Chemin, Section, Cle)];
+    Valeur.resize(std::min(Valeur.size(), Taille - 1));
+    return Valeur;
+  }
+  void Ecrire(std::string_view Chemin, std::string_view Section, std::string_view Cle,
+              Vue_Octets Valeur) override {
+    Pannes_.Passer("Ecrire_Profil");
+    Valeurs[Lieu(Chemin, Section, Cle)] = Octets(Valeur.begin(), Valeur.end());
+  }
+  static std::string Lieu(std::string_view Chemin, std::string_view Section, std::string_view Cle) {
+    return std::string(Chemin) + "|" + std::string(Section) + "|" + std::string(Cle);
+  }
+  Octets& Repertoire() { return Valeurs["C:\\Pavorin\\telech.ini|INIT_REPERTOIRE|REP"]; }
+
+  Pannes& Pannes_;
+  std::map<std::string, Octets> Valeurs;
+};
+
+struct Processus_De_Test : Liste_Processus {
+  explicit Processus_De_Test(Pannes& P) : Pannes_(P) {}
+  std::vector<Processus> Lister() override {
+    Pannes_.Passer("Lister");
+    ++Demandes;
+    return Actifs;
+  }
+  void Terminer(std::uint32_t Id) override { Termines.push_back(Id); }
+
+  Pannes& Pannes_;
+  std::vector<Processus> Actifs;
+  std::vector<std::uint32_t> Termines;
+  int Demandes = 0;
+};
+
+/// A scripted line: each frame written is looked up in Reponses by its rank; the answer arrives
+/// after Delai seconds.
+struct Port_De_Test : Port_Serie {
+  Port_De_Test(Horloge_De_Test& H, Pannes& P) : Temps(H), Pannes_(P) {}
+  void Regler(std::string_view R) override {
+    Pannes_.Passer("Regler");
+    Reglages_ = R;
+    Conversation.push_back("= " + Reglages_);
+  }
+  std::string Reglages() const override { return Reglages_; }
+  void Ouvrir() override {
+    Pannes_.Passer("Ouvrir_Port");
+    if (Ouvert_) throw Erreur(Numero_Erreur::Port_Deja_Ouvert, "Port déjà ouvert");
+    if (Absent) throw Erreur(Numero_Erreur::Port_Inexistant, "Port inexistant");
+    Ouvert_ = true;
+  }
+  void Fermer() override { Ouvert_ = false; }
+  bool Ouvert() const override { return Ouvert_; }
+  void Ecrire(Vue_Octets Donnees) override {
+    Exiger_Ouvert("Ecrire_Port");
+    std::string Trame = ">";
+    for (const auto Octet : Donnees) Trame += " " + Hexadecimal(Octet);
+    Conversation.push_back(Trame);
+    if (Repondre) Repondre(Donnees, Reglages_);
+  }
+  std::size_t En_Attente() override {
+    Exiger_Ouvert("En_Attente");
+    while (!Arrivees.empty() && Arrivees.front().first <= Temps.Maintenant) {
+      Tampon_.insert(Tampon_.end(), Arrivees.front().second.begin(), Arrivees.front().second.end());
+      Arrivees.pop_front();
+    }
+    return Tampon_.size();
+  }
+  Octets Lire_Tout() override {
+    Exiger_Ouvert("Lire_Port");
+    return std::exchange(Tampon_, {});
+  }
+  void Envoyer(Octets Donnees, double Delai = 0.005) {
+    Arrivees.emplace_back(Temps.Maintenant + Delai, std::move(Donnees));
+  }
+  void Exiger_Ouvert(std::string_view Appel) {
+    Pannes_.Passer(Appel);
+    if (!Ouvert_) throw Erreur(Numero_Erreur::Port_Non_Ouvert, "Port fermé");
+  }
+
+  Horloge_De_Test& Temps;
+  Pannes& Pannes_;
+  std::function<void(Vue_Octets Trame, const std::string& Reglages)> Repondre;
+  std::vector<std::string> Conversation;
+  std::deque<std::pair<double, Octets>> Arrivees;
+  Octets Tampon_;
+  std::string Reglages_;
+  bool Ouvert_ = false, Absent = false;
+};
+
+/// The whole program on its machine, started by Demarrer.
+struct Poste_De_Test {
+  explicit Poste_De_Test(std::string_view Texte_Scenario = "")
+      : Lecteur(Scenario_De(Texte_Scenario)) {
+    Lecteur.Avant_Appel = [this](Cible, int) { Pannes_.Passer("Galss"); };
+  }
+  void Demarrer() { App.Demarrer(); }
+  std::string Pane() const { return App.F.FMain.TxtDetails.Texte(); }
+
+  Pannes Pannes_;
+  Horloge_De_Test Temps;
+  Ecran_De_Test Ecran{Temps, Pannes_};
+  Disque_De_Test Disque{Pannes_};
+  Profil_De_Test Profil{Pannes_};
+  Processus_De_Test Processus{Pannes_};
+  Port_De_Test Port{Temps, Pannes_};
+  Lecteur_Simule Lecteur;
+  Galss_Simulee Galss{Lecteur};
+  Application App{Machine{Galss, Processus, Profil, Disque, Port, Temps, Ecran}};
+};
+
+/// Recognisable content of a file of the given size.
+inline Octets Contenu(std::size_t Taille) {
+  Octets Donnees(Taille);
+  for (std::size_t I = 0; I < Taille; ++I) Donnees[I] = static_cast<std::uint8_t>(I * 7 + I / 251);
+  return Donnees;
+}
