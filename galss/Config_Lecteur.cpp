@@ -35,7 +35,7 @@ std::string Afficher_Date(const std::string& Date, Horloge& Temps) {
 
 }  // namespace
 
-std::string Lire_Champ(Vue_Octets Reponse, std::size_t Avant, Champ Lequel) {
+std::string Lire_Champ(Vue_Octets Reponse, std::size_t Avant, Champ_Config Lequel) {
   const auto Rang = static_cast<std::size_t>(Lequel);
   const std::size_t Debut =
       std::accumulate(Longueurs_Champs.begin(),
@@ -45,18 +45,19 @@ std::string Lire_Champ(Vue_Octets Reponse, std::size_t Avant, Champ Lequel) {
       Reponse.subspan(Debut, std::min(Longueurs_Champs[Rang], Reponse.size() - Debut)));
 }
 
-std::string Afficher_Champ(Vue_Octets Reponse, std::size_t Avant, Champ Lequel, Horloge& Temps) {
+std::string Afficher_Champ(Vue_Octets Reponse, std::size_t Avant, Champ_Config Lequel,
+                           Horloge& Temps) {
   const std::string Brut = Lire_Champ(Reponse, Avant, Lequel);
   switch (Lequel) {
-    case Champ::TypeLecteur:
+    case Champ_Config::TypeLecteur:
       return Rogner(Extraire(Brut, 1, Type_Significatif));
-    case Champ::NumVersion:  // its first character is not shown: "0127" is 1.27
+    case Champ_Config::NumVersion:  // its first character is not shown: "0127" is 1.27
       return Rogner(Extraire(Brut, 2, 1)) + "." + Extraire(Brut, 3, 2);
-    case Champ::Date:
+    case Champ_Config::Date:
       return Afficher_Date(Brut, Temps);
-    case Champ::Heure:
+    case Champ_Config::Heure:
       return Extraire(Brut, 1, 2) + ":" + Extraire(Brut, 3, 2);
-    case Champ::NumCRC:
+    case Champ_Config::NumCRC:
       return Brut;
     default:
       return Rogner(Brut);

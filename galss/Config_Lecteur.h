@@ -12,7 +12,7 @@
 class Horloge;
 
 /// In the order of the record.
-enum class Champ {
+enum class Champ_Config {
   Constructeur,
   TypeLecteur,
   NumSerie,
@@ -40,8 +40,9 @@ inline constexpr std::size_t Type_Significatif = 26;
 
 /// A field of the record that stands after Avant bytes of the reply; shorter, or empty, where the
 /// reply ends before the field does.
-std::string Lire_Champ(Vue_Octets Reponse, std::size_t Avant, Champ Lequel);
+std::string Lire_Champ(Vue_Octets Reponse, std::size_t Avant, Champ_Config Lequel);
 
 /// A field as the operator sees it. Raises 13 when the date's month is not a number, 5 when it is
 /// not from 1 to 12.
-std::string Afficher_Champ(Vue_Octets Reponse, std::size_t Avant, Champ Lequel, Horloge& Temps);
+std::string Afficher_Champ(Vue_Octets Reponse, std::size_t Avant, Champ_Config Lequel,
+                           Horloge& Temps);

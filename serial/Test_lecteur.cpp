@@ -143,7 +143,7 @@ bool Test_lecteur::Lire_Configuration() {
 
 void Test_lecteur::Conclure(bool Configuration_Recue) {
   const std::string Constructeur =
-      Lire_Champ(Reponse_Serie_, Avant_Config_Serie, Champ::Constructeur);
+      Lire_Champ(Reponse_Serie_, Avant_Config_Serie, Champ_Config::Constructeur);
   if (!Configuration_Recue || !Constructeur.starts_with("INGENICO")) {
     Montrer_Voyants(false);
     return;
@@ -155,16 +155,16 @@ void Test_lecteur::Conclure(bool Configuration_Recue) {
 }
 
 void Test_lecteur::Afficher_Config() {
-  const std::pair<Etiquette&, Champ> Valeurs[] = {
-      {FrmResultParam_.LblConst, Champ::Constructeur},
-      {FrmResultParam_.LblTypeLec, Champ::TypeLecteur},
-      {FrmResultParam_.LblNumSerie, Champ::NumSerie},
-      {FrmResultParam_.LblTypeOS, Champ::TypeOS},
-      {FrmResultParam_.LblNameAppli, Champ::NomAppli},
-      {FrmResultParam_.LblNumVersion, Champ::NumVersion},
-      {FrmResultParam_.LblDate, Champ::Date},
-      {FrmResultParam_.LblHeure, Champ::Heure},
-      {FrmResultParam_.LblCRC, Champ::NumCRC},
+  const std::pair<Etiquette&, Champ_Config> Valeurs[] = {
+      {FrmResultParam_.LblConst, Champ_Config::Constructeur},
+      {FrmResultParam_.LblTypeLec, Champ_Config::TypeLecteur},
+      {FrmResultParam_.LblNumSerie, Champ_Config::NumSerie},
+      {FrmResultParam_.LblTypeOS, Champ_Config::TypeOS},
+      {FrmResultParam_.LblNameAppli, Champ_Config::NomAppli},
+      {FrmResultParam_.LblNumVersion, Champ_Config::NumVersion},
+      {FrmResultParam_.LblDate, Champ_Config::Date},
+      {FrmResultParam_.LblHeure, Champ_Config::Heure},
+      {FrmResultParam_.LblCRC, Champ_Config::NumCRC},
   };
   for (const auto& [Valeur, Lequel] : Valeurs) {
     Valeur.Texte(Afficher_Champ(Reponse_Serie_, Avant_Config_Serie, Lequel, Temps_));

@@ -12,6 +12,7 @@
 #include <vector>
 
 #include "app/Application.h"
+#include "platform/Cp1252.h"
 #include "platform/Erreur.h"
 #include "platform/Horloge.h"
 #include "platform/Liste_Processus.h"

@@ -39,12 +39,14 @@ struct Regles {
 };
 
 std::optional<Lecteur> Admettre(Vue_Octets Reponse) {
-  const auto Lire = [&](Champ Lequel) { return Lire_Champ(Reponse, Avant_Config_Galss, Lequel); };
-  if (Lire(Champ::Constructeur) != "INGENICO       ") return {};
-  const std::string Type = Lire(Champ::TypeLecteur);
-  const std::string TypeOS = Lire(Champ::TypeOS);
+  const auto Lire = [&](Champ_Config Lequel) {
+    return Lire_Champ(Reponse, Avant_Config_Galss, Lequel);
+  };
+  if (Lire(Champ_Config::Constructeur) != "INGENICO       ") return {};
+  const std::string Type = Lire(Champ_Config::TypeLecteur);
+  const std::string TypeOS = Lire(Champ_Config::TypeOS);
   if (Type == "INGENICO  650                 " && TypeOS == "03" &&
-      Lire(Champ::NumVersion) == "0127") {
+      Lire(Champ_Config::NumVersion) == "0127") {
     return Lecteur::Lecteur_650;
   }
   const std::string Nom = Extraire(Type, 1, Type_Significatif);
@@ -113,10 +115,10 @@ Resultat_Decision Decider_Chargement(Vue_Octets Reponse, const Selection& Choix,
   Resultat_Decision Resultat;
   const std::optional<Lecteur> Genre = Admettre(Reponse);
   if (!Genre) return Resultat;
-  const auto Valeur = [&](Champ Lequel) {
+  const auto Valeur = [&](Champ_Config Lequel) {
     return Valeur_Num(Lire_Champ(Reponse, Avant_Config_Galss, Lequel));
   };
-  const Versions V{Valeur(Champ::TypeOS), Valeur(Champ::NumVersion),
+  const Versions V{Valeur(Champ_Config::TypeOS), Valeur(Champ_Config::NumVersion),
                    Valeur_Num(Globales.Version_Noyau), Valeur_Num(Globales.Version_Appli)};
   Resultat.Issue = Appliquer({Choix, V, Resultat}, *Genre);
   if (Resultat.Issue == Issue::A_Charger && *Genre == Lecteur::Lecteur_Bifente &&
