@@ -19,7 +19,7 @@ std::wstring Chemin_Complet(const std::wstring& Chemin) {
 }
 
 std::wstring Chemin_Appel(std::string_view Chemin) {
-  const std::wstring Large = En_Utf16(Chemin);
+  std::wstring Large = En_Utf16(Chemin);
   if (Large.size() < Longueur_Sure || Large.starts_with(L"\\\\?\\")) return Large;
   const std::wstring Complet = Chemin_Complet(Large);
   return Complet.starts_with(L"\\\\") ? L"\\\\?\\UNC" + Complet.substr(1) : L"\\\\?\\" + Complet;

@@ -95,8 +95,8 @@ std::vector<std::string> Disque_Windows::Sous_Repertoires(std::string_view Reper
     return true;
   });
   std::sort(Noms.begin(), Noms.end(), Avant);
-  std::vector<std::string> Resultat;
-  for (const std::wstring& Nom : Noms) Resultat.push_back(En_Utf8(Nom));
+  std::vector<std::string> Resultat(Noms.size());
+  std::transform(Noms.begin(), Noms.end(), Resultat.begin(), En_Utf8);
   return Resultat;
 }
 

@@ -3,6 +3,7 @@
 #include <windows.h>
 
 #include <array>
+#include <utility>
 #include <vector>
 
 #include "platform/windows/Chemin_Windows.h"
@@ -47,9 +48,10 @@ std::wstring Trouver_Dll(const std::wstring& Nom) {
   std::vector<std::wstring> Repertoires = {Repertoire_Executable()};
   Ajouter_Repertoires_Windows(Repertoires);
   Ajouter_Path(Repertoires);
-  for (const std::wstring& Repertoire : Repertoires) {
-    const std::wstring Chemin = Repertoire + (Repertoire.ends_with(L'\\') ? L"" : L"\\") + Nom;
-    if (Est_Fichier(Chemin)) return Chemin;
+  for (std::wstring& Chemin : Repertoires) {
+    if (!Chemin.ends_with(L'\\')) Chemin += L'\\';
+    Chemin += Nom;
+    if (Est_Fichier(Chemin)) return std::move(Chemin);
   }
   return {};
 }
