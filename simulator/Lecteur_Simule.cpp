@@ -50,7 +50,9 @@ void Deformer(const Trame_Recue& Trame, const Effet& E, std::int16_t& Code, Octe
 }
 
 std::string Texte(Vue_Octets Nom) {
-  return "\"" + Ecrire_Caracteres(Nom) + "\"";
+  std::string Cite = "\"";
+  Cite += Ecrire_Caracteres(Nom);
+  return Cite += '"';
 }
 
 }  // namespace
@@ -319,6 +321,9 @@ std::int16_t Lecteur_Simule::Echange(std::int16_t Session, std::int16_t Nombre_F
                                      Tampon Reponse, std::int32_t& Longueur_Reponse) {
   const auto Precedent = Entrer(Cible::Echange);
   const auto Envoyee = Vue_Octets(Commande).first(Borner(Longueur_Commande, Commande.size()));
+  if (Longueur_Commande != static_cast<std::int64_t>(Envoyee.size())) {
+    Faute("longueur de commande " + std::to_string(Longueur_Commande) + " hors du tampon");
+  }
   Suivi S;
   S.Repetee = Precedent && Egaux(Envoyee, Precedent->Laissee);
   if (Precedent && (!S.Repetee || Longueur_Reponse != Precedent->Longueur_Reponse)) {
