@@ -92,9 +92,10 @@ bool Test_lecteur::Test_Liaison() {
   const double Debut = Temps_.Secondes();
   do {
     Ecran_.Traiter_Evenements(Sommeil);
-    if (MSComm1_.En_Attente() == 0) continue;
-    Recus += Prendre_Recus();
-    FMain_.TxtDetails.Texte(Recus);
+    if (MSComm1_.En_Attente() != 0) {
+      Recus += Prendre_Recus();
+      FMain_.TxtDetails.Texte(Recus);
+    }
   } while (Recus != Reponse_Test && Temps_.Secondes() - Debut < Attente_Test);
   return Recus == Reponse_Test;
 }

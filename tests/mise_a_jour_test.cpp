@@ -127,16 +127,6 @@ TEST(Decision, Regles) {
   }
 }
 
-TEST(Decision, Manuel_650_L_Application_D_Abord_Quand_Aucune_Regle_Ne_Tient) {
-  Variables_Globales V;
-  V.Version_Noyau = "01";
-  V.Version_Appli = "0127";
-  // Neither list on "Pas de mise à jour" is needed for the third rule: only texts decide here.
-  const auto R = Decider_Chargement(Reponse_De("INGENICO       ", Type_650, "03", "0127"),
-                                    {false, "k", "a"}, V);
-  EXPECT_EQ(R.Liste_Fichiers, "k\r\na\r\n");
-}
-
 const std::string Scenario_650 = "lectures_muettes = 3; type_os_apres_noyau = 04\n";
 const std::string Avant_200 =
     "type_lecteur = LECTEUR BIFENTE 2.0M-XA-V2; type_os = 02; num_version = 0130; lectures_muettes "
@@ -200,8 +190,7 @@ TEST_F(Mise_A_Jour_Test, Noyau_Et_Application_Dans_Chaque_Famille) {
     EXPECT_EQ(Recu(0), Contenu(Chargement ? 9997 : 10000))
         << "Contenu(n) is a prefix of any longer one";
     EXPECT_EQ(Recu(1), Contenu(Chargement ? 4997 : 5000));
-    const std::string Vue =
-        "Chargement Réussi.|Attendre l'écran de repos du lecteur Elite 650|";
+    const std::string Vue = "Chargement Réussi.|Attendre l'écran de repos du lecteur Elite 650|";
     std::vector<std::string> Attendues = {Vue + "sablier"};
     if (Chargement) Attendues.push_back(Vue);  // the kernel's closing steps restore the pointer
     EXPECT_EQ(Vues, Attendues);
