@@ -44,32 +44,26 @@ void Graphic::Choisir_Premieres_Entrees(bool Listes_Actives) {
 }
 
 void Graphic::Maj_Versions() {
-  Montrer_Version_Appli();
-  Montrer_Version_Noyau();
+  Montrer_Version(Genre::Appli);
+  Montrer_Version(Genre::Noyau);
 }
 
-void Graphic::Montrer_Version_Appli() {
-  const std::string& Nom = FMain_.CchosseAppli.Texte();
+// The shared value keeps the version of the last file selected.
+void Graphic::Montrer_Version(Genre Quoi) {
+  const bool Appli = Quoi == Genre::Appli;
+  const std::string& Nom = Appli ? FMain_.CchosseAppli.Texte() : FMain_.CchooseNoyau.Texte();
+  std::string& Version = Appli ? Globales_.Version_Appli : Globales_.Version_Noyau;
+  Etiquette& Affichage = Appli ? FMain_.lblvers1 : FMain_.lblvers2;
   if (Est_Fichier(Nom)) {
-    Globales_.Version_Appli = Version_Fichier(Nom, Genre::Appli);
-    FMain_.lblvers1.Texte(Afficher_Version(Globales_.Version_Appli, Genre::Appli));
+    Version = Version_Fichier(Nom, Quoi);
+    Affichage.Texte(Afficher_Version(Version, Quoi));
   } else {
-    FMain_.lblvers1.Texte(Sans_Version);
-  }
-}
-
-void Graphic::Montrer_Version_Noyau() {
-  const std::string& Nom = FMain_.CchooseNoyau.Texte();
-  if (Est_Fichier(Nom)) {
-    Globales_.Version_Noyau = Version_Fichier(Nom, Genre::Noyau);
-    FMain_.lblvers2.Texte(Afficher_Version(Globales_.Version_Noyau, Genre::Noyau));
-  } else {
-    FMain_.lblvers2.Texte(Sans_Version);
+    Affichage.Texte(Sans_Version);
   }
 }
 
 void Graphic::CchooseNoyau_Click() {
-  Montrer_Version_Noyau();
+  Montrer_Version(Genre::Noyau);
   if (Est_Fichier(FMain_.CchooseNoyau.Texte())) {
     FMain_.CmdMaj.Active(true);
   } else {
@@ -79,7 +73,7 @@ void Graphic::CchooseNoyau_Click() {
 
 void Graphic::CchosseAppli_Click() {
   const std::string& Nom = FMain_.CchosseAppli.Texte();
-  Montrer_Version_Appli();
+  Montrer_Version(Genre::Appli);
   if (Est_Fichier(Nom)) {
     FMain_.lbltpe.Texte(Est_Version_Test(Nom) ? "Version Test" : "Version Réelle");
     FMain_.CmdMaj.Active(true);

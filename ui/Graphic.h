@@ -30,8 +30,7 @@ class Graphic {
  private:
   void Activer_Panneau(bool Oui);
   void Choisir_Premieres_Entrees(bool Listes_Actives);
-  void Montrer_Version_Appli();
-  void Montrer_Version_Noyau();
+  void Montrer_Version(Genre Quoi);
   void Desactiver_Si_Rien();
 
   Fenetre_Principale& FMain_;
