@@ -1,0 +1,74 @@
+#include "platform/windows/Fabrique_Pairs.h"
+
+#include <utility>
+
+#include "platform/windows/Pair_Champ_Texte.h"
+#include "platform/windows/Pairs_Boutons.h"
+#include "platform/windows/Pairs_Fixes.h"
+#include "platform/windows/Pairs_Listes.h"
+
+template <typename Pair, typename... Arguments>
+Pair& Fabrique_Pairs::Ajouter(Arguments&&... Donnes) {
+  auto Nouveau = std::make_unique<Pair>(Lieu_, std::forward<Arguments>(Donnes)...);
+  Pair& Reference = *Nouveau;
+  Reference.Modele().Attacher(&Reference);
+  Lieu_.Pairs.push_back(std::move(Nouveau));
+  return Reference;
+}
+
+void Fabrique_Pairs::Fabriquer() {
+  for (Controle* const Un : Maison_.Controles()) {
+    Un->Accueillir(*this);
+    Dans_Groupe_ = dynamic_cast<Option*>(Un) != nullptr;
+  }
+  // Frames paint over all their surface: their controls must lie above them.
+  for (const auto& Pair : Lieu_.Pairs) {
+    if (dynamic_cast<Pair_Cadre*>(Pair.get()) == nullptr) continue;
+    SetWindowPos(Pair->Poignee(), HWND_BOTTOM, 0, 0, 0, 0,
+                 SWP_NOMOVE | SWP_NOSIZE | SWP_NOACTIVATE);
+  }
+}
+
+void Fabrique_Pairs::Visiter(Barre_Progression& C) {
+  Ajouter<Pair_Barre>(C);
+}
+
+void Fabrique_Pairs::Visiter(Bouton& C) {
+  Ajouter<Pair_Bouton>(C, Maison_.Bouton_Entree == &C);
+}
+
+void Fabrique_Pairs::Visiter(Cadre& C) {
+  Ajouter<Pair_Cadre>(C);
+}
+
+void Fabrique_Pairs::Visiter(Champ_Texte& C) {
+  Ajouter<Pair_Champ_Texte>(C);
+}
+
+void Fabrique_Pairs::Visiter(Etiquette& C) {
+  Ajouter<Pair_Etiquette>(C);
+}
+
+void Fabrique_Pairs::Visiter(Image& C) {
+  Ajouter<Pair_Image>(C);
+}
+
+void Fabrique_Pairs::Visiter(Liste_Deroulante& C) {
+  Ajouter<Pair_Liste_Deroulante>(C);
+}
+
+void Fabrique_Pairs::Visiter(Liste_Lecteurs& C) {
+  Ajouter<Pair_Lecteurs>(C);
+}
+
+void Fabrique_Pairs::Visiter(Liste_Repertoires& C) {
+  Ajouter<Pair_Repertoires>(C);
+}
+
+void Fabrique_Pairs::Visiter(Option& C) {
+  Ajouter<Pair_Option>(C, !Dans_Groupe_);
+}
+
+void Fabrique_Pairs::Visiter(Trait& C) {
+  Ajouter<Pair_Trait>(C);
+}

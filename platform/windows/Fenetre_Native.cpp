@@ -1,0 +1,186 @@
+#include "platform/windows/Fenetre_Native.h"
+
+#include <commctrl.h>
+
+#include "platform/windows/Dessins.h"
+#include "platform/windows/Fabrique_Pairs.h"
+#include "platform/windows/Fenetrage_Windows.h"
+#include "platform/windows/Menu_Natif.h"
+#include "platform/windows/Texte_Windows.h"
+
+namespace {
+
+constexpr const char* Raison_Veille =
+    "Un fichier est en cours d'envoi vers le lecteur. L'arrêter maintenant peut rendre le lecteur "
+    "inutilisable.";
+
+DWORD Style_Fenetre(const Fenetre& Modele) {
+  DWORD Style = WS_OVERLAPPED | WS_CAPTION | WS_CLIPCHILDREN;
+  if (Modele.Depart().Fermable) Style |= WS_SYSMENU;
+  if (!Modele.Menus().empty()) Style |= WS_MINIMIZEBOX;
+  return Style;
+}
+
+RECT Surface_De_Travail(HMONITOR Ecran) {
+  MONITORINFO Infos{};
+  Infos.cbSize = sizeof Infos;
+  GetMonitorInfoW(Ecran, &Infos);
+  return Infos.rcWork;
+}
+
+}  // namespace
+
+Fenetre_Native::Fenetre_Native(Fenetrage_Windows& Ecran, Polices& Fontes, Fenetre& Modele,
+                               HWND Proprietaire, HWND Voisine)
+    : Modele_(Modele), Lieu_{.Ecran = Ecran, .Fontes = Fontes} {
+  Creer_Fond();
+  Creer(Proprietaire, Voisine);
+  try {
+    Meubler();
+  } catch (...) {
+    Effacer();
+    throw;
+  }
+}
+
+void Fenetre_Native::Meubler() {
+  Lieu_.Mesure = Echelle_De_Fenetre(Poignee());
+  Dimensionner({});
+  Poser_Icones();
+  Fabrique_Pairs(Lieu_, Modele_).Fabriquer();
+  const Controle* const Premier = Modele_.Bouton_Entree;
+  Lieu_.Clavier.Ouvrir(Poignee(),
+                       Premier == nullptr ? nullptr : GetDlgItem(Poignee(), Premier->Numero()));
+  // The focus is always shown, not only once the keyboard has been used.
+  SendMessageW(Poignee(), WM_CHANGEUISTATE, MAKEWPARAM(UIS_CLEAR, UISF_HIDEFOCUS), 0);
+  Actualiser_Active();
+  if (Modele_.Depart().Garde_Eveille) Veille_.emplace(Poignee(), Raison_Veille);
+}
+
+Fenetre_Native::~Fenetre_Native() {
+  if (Poignee() != nullptr) Effacer();
+}
+
+void Fenetre_Native::Enregistrer_Classes() {
+  WNDCLASSEXW Classe{};
+  Classe.cbSize = sizeof Classe;
+  Classe.lpfnWndProc = Aiguiller;
+  Classe.hInstance = GetModuleHandleW(nullptr);
+  Classe.hCursor = LoadCursorW(nullptr, IDC_ARROW);
+  for (const wchar_t* const Nom : {Classe_Fenetre, Classe_Fenetre_Principale}) {
+    Classe.lpszClassName = Nom;
+    RegisterClassExW(&Classe);
+  }
+}
+
+void Fenetre_Native::Creer_Fond() {
+  if (const auto& Fond = Modele_.Depart().Fond) {
+    Pinceau_.reset(CreateSolidBrush(En_Colorref(*Fond)));
+    Lieu_.Fond = En_Colorref(*Fond);
+    Lieu_.Pinceau_Fond = Pinceau_.get();
+  } else {
+    Lieu_.Fond = GetSysColor(COLOR_BTNFACE);
+    Lieu_.Pinceau_Fond = GetSysColorBrush(COLOR_BTNFACE);
+  }
+}
+
+void Fenetre_Native::Creer(HWND Proprietaire, HWND Voisine) {
+  const HMONITOR Ecran = Voisine != nullptr ? MonitorFromWindow(Voisine, MONITOR_DEFAULTTONEAREST)
+                                            : MonitorFromPoint({}, MONITOR_DEFAULTTOPRIMARY);
+  const RECT Travail = Surface_De_Travail(Ecran);
+  const wchar_t* const Classe =
+      Modele_.Menus().empty() ? Classe_Fenetre : Classe_Fenetre_Principale;
+  Lieu_.Fenetre = CreateWindowExW(0, Classe, En_Utf16(Modele_.Depart().Titre).c_str(),
+                                  Style_Fenetre(Modele_), Travail.left, Travail.top, 0, 0,
+                                  Proprietaire, nullptr, GetModuleHandleW(nullptr), nullptr);
+  if (Poignee() == nullptr) {
+    throw Erreur(Numero_Erreur::Memoire_Insuffisante, Texte_Systeme(GetLastError()));
+  }
+  SetMenu(Poignee(), Creer_Menu(Modele_));
+  // Messages sent during the creation have had the system's treatment.
+  SetWindowLongPtrW(Poignee(), GWLP_USERDATA, reinterpret_cast<LONG_PTR>(this));
+}
+
+void Fenetre_Native::Dimensionner(std::optional<POINT> Coin) {
+  const Conception_Fenetre& Depart = Modele_.Depart();
+  const SIZE Voulue{Lieu_.Mesure.Pixels(Depart.Largeur), Lieu_.Mesure.Pixels(Depart.Hauteur)};
+  RECT Dehors{0, 0, Voulue.cx, Voulue.cy};
+  AdjustWindowRectEx(&Dehors, Style_Fenetre(Modele_), GetMenu(Poignee()) != nullptr, 0);
+  SIZE Taille{Largeur_De(Dehors), Hauteur_De(Dehors)};
+  // What the frame really takes at this DPI is only known once it is there.
+  for (int Passe = 0; Passe < 2; ++Passe) {
+    SetWindowPos(Poignee(), nullptr, 0, 0, Taille.cx, Taille.cy,
+                 SWP_NOMOVE | SWP_NOZORDER | SWP_NOACTIVATE);
+    RECT Dedans{};
+    GetClientRect(Poignee(), &Dedans);
+    Taille.cx += Voulue.cx - Dedans.right;
+    Taille.cy += Voulue.cy - Dedans.bottom;
+  }
+  if (!Coin) {
+    const RECT T = Surface_De_Travail(MonitorFromWindow(Poignee(), MONITOR_DEFAULTTONEAREST));
+    Coin = {T.left + (Largeur_De(T) - Taille.cx) / 2, T.top + (Hauteur_De(T) - Taille.cy) / 2};
+  }
+  SetWindowPos(Poignee(), nullptr, Coin->x, Coin->y, Taille.cx, Taille.cy,
+               SWP_NOZORDER | SWP_NOACTIVATE);
+}
+
+void Fenetre_Native::Changer_Echelle(int Dpi, const RECT& Proposee) {
+  Lieu_.Mesure = {Dpi};
+  Dimensionner(POINT{Proposee.left, Proposee.top});
+  Poser_Icones();
+  for (const auto& Pair : Lieu_.Pairs) Pair->Disposer();
+  InvalidateRect(Poignee(), nullptr, TRUE);
+}
+
+void Fenetre_Native::Poser_Icones() {
+  const int Petit = Lieu_.Mesure.Depuis_96(16), Grand = Lieu_.Mesure.Depuis_96(32);
+  Icone_Systeme Petite = Dessiner(Dessin::Programme, {Petit, Petit}).En_Icone();
+  Icone_Systeme Grande = Dessiner(Dessin::Programme, {Grand, Grand}).En_Icone();
+  SendMessageW(Poignee(), WM_SETICON, ICON_SMALL, reinterpret_cast<LPARAM>(Petite.get()));
+  SendMessageW(Poignee(), WM_SETICON, ICON_BIG, reinterpret_cast<LPARAM>(Grande.get()));
+  Petite_ = std::move(Petite);
+  Grande_ = std::move(Grande);
+}
+
+void Fenetre_Native::Actualiser(Propriete Quoi) {
+  if (Quoi == Propriete::Active) Actualiser_Active();
+  if (Quoi != Propriete::Pointeur) return;
+  POINT Souris{};
+  GetCursorPos(&Souris);
+  // The thread may be busy for long: the pointer changes without waiting for it to move.
+  if (GetAncestor(WindowFromPoint(Souris), GA_ROOT) != Poignee()) return;
+  if (!Poser_Pointeur(HTCLIENT)) SetCursor(LoadCursorW(nullptr, IDC_ARROW));
+}
+
+void Fenetre_Native::Actualiser_Active() {
+  EnableWindow(Poignee(), Modele_.Active() && !Lieu_.Ecran.Boite_Ouverte());
+}
+
+void Fenetre_Native::Repeindre() {
+  RedrawWindow(Poignee(), nullptr, nullptr, RDW_INVALIDATE | RDW_UPDATENOW | RDW_ALLCHILDREN);
+}
+
+void Fenetre_Native::Montrer() {
+  ShowWindow(Poignee(), IsIconic(Poignee()) ? SW_RESTORE : SW_SHOWNORMAL);
+  SetForegroundWindow(Poignee());
+  RedrawWindow(Poignee(), nullptr, nullptr, RDW_UPDATENOW | RDW_ALLCHILDREN);
+}
+
+void Fenetre_Native::Premier_Plan() {
+  if (IsIconic(Poignee())) ShowWindow(Poignee(), SW_RESTORE);
+  SetForegroundWindow(Poignee());
+}
+
+void Fenetre_Native::Detruire() {
+  if (Poignee() == nullptr) return;
+  Lieu_.Ecran.Activer_Une_Autre(*this);
+  Effacer();
+  Lieu_.Ecran.Retirer(*this);
+}
+
+void Fenetre_Native::Effacer() {
+  for (const auto& Pair : Lieu_.Pairs) Pair->Modele().Attacher(nullptr);
+  Veille_.reset();
+  SetWindowLongPtrW(Poignee(), GWLP_USERDATA, 0);
+  DestroyWindow(std::exchange(Lieu_.Fenetre, nullptr));
+}

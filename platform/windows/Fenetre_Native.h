@@ -1,0 +1,67 @@
+#pragma once
+// The native side of a window: its frame, place and menus, and the messages that Windows sends it,
+// handed to the model and to the peers of its controls.
+
+#include <optional>
+
+#include "platform/windows/Demarrage_Windows.h"
+#include "platform/windows/Pair_Natif.h"
+#include "ui/controles/Fenetre.h"
+
+/// Window class of the windows without menus; the one with menus is Classe_Fenetre_Principale.
+inline constexpr const wchar_t* Classe_Fenetre = L"Pavorin_Fenetre";
+
+class Fenetre_Native : public Pair_Fenetre {
+ public:
+  /// Still hidden. Proprietaire: window in front of which it stays, or null. Voisine: a window on
+  /// the monitor where it is to appear, or null for the first monitor.
+  Fenetre_Native(Fenetrage_Windows& Ecran, Polices& Fontes, Fenetre& Modele, HWND Proprietaire,
+                 HWND Voisine);
+  ~Fenetre_Native() override;
+  Fenetre_Native(const Fenetre_Native&) = delete;
+  Fenetre_Native& operator=(const Fenetre_Native&) = delete;
+
+  static void Enregistrer_Classes();
+
+  void Actualiser(Propriete Quoi) override;
+  void Repeindre() override;
+  void Montrer() override;
+  void Premier_Plan() override;
+  void Detruire() override;
+
+  /// Enabled as its model says, and only while no message box is up.
+  void Actualiser_Active();
+
+  HWND Poignee() const { return Lieu_.Fenetre; }
+  Fenetre& Modele() const { return Modele_; }
+
+ private:
+  static LRESULT CALLBACK Aiguiller(HWND, UINT, WPARAM, LPARAM);
+  LRESULT Recevoir(UINT Message, WPARAM W, LPARAM L);
+  LRESULT Recevoir_De_Controle(UINT Message, WPARAM W, LPARAM L);
+  LRESULT Par_Defaut(UINT Message, WPARAM W, LPARAM L) const;
+
+  void Creer(HWND Proprietaire, HWND Voisine);
+  /// Everything inside the window, once it is there.
+  void Meubler();
+  /// Destroys the native window and detaches the peers of its controls.
+  void Effacer();
+  void Creer_Fond();
+  void Poser_Icones();
+  /// Gives the client area its size; centred in the monitor's work area, or from Coin.
+  void Dimensionner(std::optional<POINT> Coin);
+  void Changer_Echelle(int Dpi, const RECT& Proposee);
+
+  Pair_Natif* Pair_De(HWND Poignee_Controle) const;
+  void Commander(WPARAM W, HWND Poignee_Controle);
+  void Echapper();
+  void Fermer();
+  bool Poser_Pointeur(WORD Endroit) const;
+  LRESULT Bouton_Par_Defaut() const;
+
+  Fenetre& Modele_;
+  Surface Lieu_;
+  Objet_Gdi<HBRUSH> Pinceau_;
+  Icone_Systeme Grande_, Petite_;
+  std::optional<Veille_Suspendue> Veille_;
+};

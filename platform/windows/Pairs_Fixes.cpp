@@ -1,0 +1,143 @@
+#include "platform/windows/Pairs_Fixes.h"
+
+#include <commctrl.h>
+
+#include <algorithm>
+#include <cmath>
+
+#include "platform/windows/Texte_Windows.h"
+
+Pair_Cadre::Pair_Cadre(Surface& Lieu, Cadre& Sien) : Pair_Natif(Lieu, Sien) {
+  Creer(WC_BUTTONW, BS_GROUPBOX);
+}
+
+void Pair_Cadre::Actualiser(Propriete Quoi) {
+  Pair_Natif::Actualiser(Quoi);
+  if (Quoi != Propriete::Visible) return;
+  for (const auto& Pair : Lieu_.Pairs) {
+    if (Pair->Modele().Parent() == &Modele()) Pair->Actualiser_Visible();
+  }
+}
+
+LRESULT Pair_Cadre::Recevoir(UINT Message, WPARAM W, LPARAM L) {
+  if (Message != WM_ERASEBKGND) return Pair_Natif::Recevoir(Message, W, L);
+  // The window does not paint below its controls, and a group box has no background of its own.
+  RECT Ici{};
+  GetClientRect(Poignee(), &Ici);
+  FillRect(reinterpret_cast<HDC>(W), &Ici, Lieu_.Pinceau_Fond);
+  return 1;
+}
+
+SIZE Pair_Cadre::Place_Texte() const {
+  return {Largeur_De(Place()) - Pixels_96(20), 0};
+}
+
+Pair_Etiquette::Pair_Etiquette(Surface& Lieu, Etiquette& Sienne) : Pair_Natif(Lieu, Sienne) {
+  if (Look().Fond) Pinceau_.reset(CreateSolidBrush(En_Colorref(*Look().Fond)));
+  Creer(WC_STATICW,
+        static_cast<DWORD>(SS_NOPREFIX) | static_cast<DWORD>(Look().Centre ? SS_CENTER : SS_LEFT));
+}
+
+void Pair_Etiquette::Disposer() {
+  Pair_Natif::Disposer();
+  // A box that is a little lower than its line of text would cut the letters' tails off.
+  const RECT Ici = Place();
+  const int Ligne = Lieu_.Fontes.Hauteur_Ligne(Lieu_.Fontes.Normale(Look(), Lieu_.Mesure));
+  if (Ligne <= Hauteur_De(Ici)) return;
+  SetWindowPos(Poignee(), nullptr, 0, 0, Largeur_De(Ici), Ligne,
+               SWP_NOMOVE | SWP_NOZORDER | SWP_NOACTIVATE);
+}
+
+SIZE Pair_Etiquette::Place_Texte() const {
+  const RECT Ici = Place();
+  return {Largeur_De(Ici), Hauteur_De(Ici)};
+}
+
+HBRUSH Pair_Etiquette::Colorer(HDC Dc) {
+  const HBRUSH Pinceau = Pair_Natif::Colorer(Dc);
+  if (!Pinceau_) return Pinceau;
+  SetBkColor(Dc, En_Colorref(*Look().Fond));
+  return Pinceau_.get();
+}
+
+Pair_Image::Pair_Image(Surface& Lieu, Image& Sienne) : Pair_Natif(Lieu, Sienne), Image_(Sienne) {
+  DWORD Style = SS_OWNERDRAW;
+  if (Image_.Clic) Style |= static_cast<DWORD>(SS_NOTIFY) | WS_TABSTOP;
+  Creer(WC_STATICW, Style);
+}
+
+void Pair_Image::Disposer() {
+  const RECT Ici = Place();
+  Dessin_ = Dessiner(Look().Image, {Largeur_De(Ici), Hauteur_De(Ici)});
+  Pair_Natif::Disposer();
+}
+
+void Pair_Image::Actualiser_Texte() {
+  SetWindowTextW(Poignee(), En_Utf16(Look().Nom_Accessible).c_str());
+}
+
+void Pair_Image::Commander(WORD Avis) {
+  if (Avis == STN_CLICKED) Image_.Cliquer();
+}
+
+LRESULT Pair_Image::Recevoir(UINT Message, WPARAM W, LPARAM L) {
+  if (Message == WM_SETFOCUS || Message == WM_KILLFOCUS) Invalider();
+  if (Message == WM_KEYDOWN && W == VK_SPACE) {
+    Image_.Cliquer();
+    return 0;
+  }
+  return Pair_Natif::Recevoir(Message, W, L);
+}
+
+void Pair_Image::Dessiner_Article(const DRAWITEMSTRUCT& Demande) {
+  FillRect(Demande.hDC, &Demande.rcItem, Lieu_.Pinceau_Fond);
+  Dessin_.Poser(Demande.hDC, 0, 0);
+  if (GetFocus() == Poignee()) DrawFocusRect(Demande.hDC, &Demande.rcItem);
+}
+
+Pair_Trait::Pair_Trait(Surface& Lieu, Trait& Sien) : Pair_Natif(Lieu, Sien) {
+  Creer(WC_STATICW, SS_OWNERDRAW);
+}
+
+void Pair_Trait::Disposer() {
+  const RECT Axe = Place();
+  const int Epaisseur = std::max(1, Pixels_96(2));
+  SetWindowPos(Poignee(), nullptr, Axe.left - Epaisseur / 2, Axe.top - Epaisseur / 2,
+               Largeur_De(Axe) + Epaisseur, Hauteur_De(Axe) + Epaisseur,
+               SWP_NOZORDER | SWP_NOACTIVATE);
+}
+
+void Pair_Trait::Dessiner_Article(const DRAWITEMSTRUCT& Demande) {
+  const auto& Encre = Modele().Encre();
+  const Objet_Gdi<HBRUSH> Pinceau(
+      CreateSolidBrush(Encre ? En_Colorref(*Encre) : GetSysColor(COLOR_BTNTEXT)));
+  FillRect(Demande.hDC, &Demande.rcItem, Pinceau.get());
+}
+
+namespace {
+
+constexpr int Pas_Par_Unite = 100;
+constexpr int Plein = 100 * Pas_Par_Unite;
+
+}  // namespace
+
+Pair_Barre::Pair_Barre(Surface& Lieu, Barre_Progression& Sienne)
+    : Pair_Natif(Lieu, Sienne), Barre_(Sienne) {
+  Creer(PROGRESS_CLASSW, PBS_SMOOTH);
+  // One step more than needed: see Actualiser_Valeur.
+  Envoyer(PBM_SETRANGE32, 0, Plein + 1);
+  Actualiser_Valeur();
+}
+
+void Pair_Barre::Actualiser(Propriete Quoi) {
+  Pair_Natif::Actualiser(Quoi);
+  if (Quoi == Propriete::Valeur) Actualiser_Valeur();
+}
+
+// Windows glides to a higher value over a second, but steps back at once.
+void Pair_Barre::Actualiser_Valeur() {
+  const int Pas = static_cast<int>(
+      std::lround(std::clamp(Barre_.Valeur(), 0.0F, 100.0F) * static_cast<float>(Pas_Par_Unite)));
+  Envoyer(PBM_SETPOS, static_cast<WPARAM>(Pas + 1));
+  Envoyer(PBM_SETPOS, static_cast<WPARAM>(Pas));
+}

@@ -1,0 +1,67 @@
+#pragma once
+// The native side of what the operator only looks at: frames, labels, pictures, lines, the progress
+// bar. A picture that has a click handler can also be reached and clicked from the keyboard.
+
+#include "platform/windows/Dessins.h"
+#include "platform/windows/Pair_Natif.h"
+
+class Pair_Cadre : public Pair_Natif {
+ public:
+  Pair_Cadre(Surface& Lieu, Cadre& Sien);
+  void Actualiser(Propriete Quoi) override;
+
+ protected:
+  LRESULT Recevoir(UINT Message, WPARAM W, LPARAM L) override;
+  SIZE Place_Texte() const override;
+};
+
+class Pair_Etiquette : public Pair_Natif {
+ public:
+  Pair_Etiquette(Surface& Lieu, Etiquette& Sienne);
+  void Disposer() override;
+  HBRUSH Colorer(HDC Dc) override;
+
+ protected:
+  SIZE Place_Texte() const override;
+
+ private:
+  Objet_Gdi<HBRUSH> Pinceau_;
+};
+
+class Pair_Image : public Pair_Natif {
+ public:
+  Pair_Image(Surface& Lieu, Image& Sienne);
+  void Disposer() override;
+  void Commander(WORD Avis) override;
+  void Dessiner_Article(const DRAWITEMSTRUCT& Demande) override;
+
+ protected:
+  LRESULT Recevoir(UINT Message, WPARAM W, LPARAM L) override;
+  /// The name stands for the text, so that a screen reader says it.
+  void Actualiser_Texte() override;
+
+ private:
+  Image& Image_;
+  Image_Argb Dessin_;
+};
+
+class Pair_Trait : public Pair_Natif {
+ public:
+  Pair_Trait(Surface& Lieu, Trait& Sien);
+  void Disposer() override;
+  void Dessiner_Article(const DRAWITEMSTRUCT& Demande) override;
+};
+
+class Pair_Barre : public Pair_Natif {
+ public:
+  Pair_Barre(Surface& Lieu, Barre_Progression& Sienne);
+  void Actualiser(Propriete Quoi) override;
+
+ protected:
+  void Actualiser_Texte() override {}
+
+ private:
+  void Actualiser_Valeur();
+
+  Barre_Progression& Barre_;
+};
