@@ -5,15 +5,12 @@
 #include <array>
 #include <functional>
 #include <optional>
-#include <span>
 #include <string>
 #include <vector>
 
 #include "simulator/Receveur.h"
 #include "simulator/Scenario.h"
-
-/// Bytes lent by the caller; rewritten in place, never past their end.
-using Tampon = std::span<std::uint8_t>;
+#include "simulator/Tampon.h"
 
 class Lecteur_Simule {
  public:
@@ -77,6 +74,8 @@ class Lecteur_Simule {
   std::optional<Suivi> Entrer(Cible Operation);
   Effet Effet_Sur(Cible Operation, std::optional<Cible> Genre = {});
   void Juger_Session(Vue_Octets Application, Vue_Octets LAD, std::size_t Essai);
+  Suivi Suivre(const std::optional<Suivi>& Precedent, Vue_Octets Envoyee, Vue_Octets Reponse,
+               std::int32_t Longueur);
   bool Juger_Acces(std::int16_t Session, std::int16_t Nombre);
   void Juger_Tampons(const Trame_Recue& Trame, Vue_Octets Reponse, std::int32_t Longueur);
   bool Juger_Trame(const Trame_Recue& Trame);

@@ -1,5 +1,5 @@
-// The simulated reader is the judge of every other test: these prove that it condemns each fault
-// and only faults.
+// The simulated reader is the judge of every other test: these prove that it condemns each fault,
+// and only faults, and that every fault of a scenario reaches the program as written.
 
 #include <gtest/gtest.h>
 
@@ -8,129 +8,219 @@
 #include <sstream>
 
 #include "simulator/Galss_Simulee.h"
+#include "simulator/Lecteur_Serie.h"
+#include "simulator/Lecture_Texte.h"
 
 namespace {
 
-Octets De(const std::string& Texte) {
-  return {Texte.begin(), Texte.end()};
-}
-
-/// A program that follows the rules, unless the test says otherwise.
-struct Programme {
-  explicit Programme(const std::string& Texte) : Lecteur(Scenario_De(Texte)), Galss(Lecteur) {}
+/// A program whose conversation is a text of steps: L reads the configuration; Dt sends a request
+/// and its ten digits; Bt a block, its type and its size; Kt a file of 5000 bytes at 2043 a block;
+/// c instead of t for the second family; F frees the exclusivity, X closes the session.
+/// Each step answers "code/length:first bytes".
+class Programme {
+ public:
+  explicit Programme(const std::string& Texte) : Lecteur(Scenario_De(Texte)), Galss_(Lecteur) {
+    Connecter();
+  }
 
   void Connecter() {
-    Octets Nom =
-               De("T\xE9l\xE9"
-                  "chargement"),
-           LAD = De("Log_SV"), Texte = De("3:1");
+    Octets Nom = Lire_Caracteres("Téléchargement"), LAD = Lire_Caracteres("Log_SV");
+    Octets Texte_Exclusivite = Lire_Caracteres("3:1");
     std::int16_t Info = 0;
-    EXPECT_EQ(Galss.OuvrirSession(Nom, LAD, Session, Info), 0);
-    EXPECT_EQ(Galss.DebutExclusivite(Texte, Nom, LAD, Exclusivite), 0);
+    Galss_.OuvrirSession(Nom, LAD, Session, Info);
+    Galss_.DebutExclusivite(Texte_Exclusivite, Nom, LAD, Exclusivite_);
   }
-  std::int16_t Envoyer(Octets Trame, std::size_t Capacite) {
-    Reponse.assign(Capacite, ' ');
-    Longueur = static_cast<std::int32_t>(Capacite);
-    auto Envoi = static_cast<std::int32_t>(Trame.size());
-    const auto Code = Galss.Echange(Session, 0, Trame, Envoi, Reponse, Longueur);
-    return Code != 64 ? Code : Galss.Echange(Session, 0, Trame, Envoi, Reponse, Longueur);
-  }
-  std::int16_t Lire() { return Envoyer({1, 0, 0, 0x94}, 2048); }
-  std::int16_t Demander(const std::string& Suite, bool Chargement) {
-    return Envoyer(De((Chargement ? Entete_C + '\1' : Entete_T + '\x99') + Fin(Chargement) + Suite),
-                   3);
-  }
-  std::int16_t Bloc(int Type, std::size_t Taille, bool Chargement) {
-    auto Trame = De((Chargement ? Entete_C + '\2' : Entete_T + '\x98') + Fin(Chargement));
-    Trame.push_back(static_cast<std::uint8_t>(Type));
-    Trame.resize(Trame.size() + Taille, static_cast<std::uint8_t>(Type + 1));
-    return Envoyer(Trame, 2);
-  }
-  /// 5000 bytes at 2043 per block.
-  void Charger(bool Chargement) {
-    Demander("0000005000", Chargement);
-    Bloc(0x01, 2043, Chargement);
-    Bloc(0x00, 2043, Chargement);
-    Bloc(0x10, 914, Chargement);
-  }
-  static std::string Fin(bool Chargement) { return Chargement ? "\1\xFF\xFF" : ""; }
 
-  const std::string Entete_T{"\1\0\0", 3}, Entete_C{"\xFF\1\3"};
+  std::string Jouer(const std::string& Pas) {
+    std::istringstream Suite(Pas);
+    std::string Reponses;
+    for (std::string Mot; Suite >> Mot;) {
+      if (Mot[0] == 'K') {
+        const std::string F(1, Mot[1]);
+        Mot = "D" + F + "0000005000 B" + F + "01:2043 B" + F + "00:2043 B" + F + "10:914";
+        Reponses += Jouer(Mot);
+      } else {
+        Reponses += Un_Pas(Mot) + "; ";
+      }
+    }
+    return Reponses;
+  }
+
   Lecteur_Simule Lecteur;
-  Galss_Simulee Galss;
-  std::int16_t Session = 0, Exclusivite = 0;
-  Octets Reponse;
-  std::int32_t Longueur = 0;
+  std::int16_t Session = 0;
+
+ private:
+  std::string Un_Pas(const std::string& Mot) {
+    const bool Seconde = Mot.size() > 1 && Mot[1] == 'c';
+    switch (Mot[0]) {
+      case 'F':
+        return std::to_string(Galss_.FinExclusivite(Exclusivite_));
+      case 'X':
+        return std::to_string(Galss_.FermerSession(Session, Exclusivite_));
+      case 'L':
+        return Envoyer(Lire_Hexa("01 00 00 94"), 2048);
+      case 'D': {
+        auto Trame = Lire_Hexa(Seconde ? "FF 01 03 01 01 FF FF" : "01 00 00 99");
+        Trame.insert(Trame.end(), Mot.begin() + 2, Mot.end());
+        return Envoyer(Trame, 3);
+      }
+      default: {
+        auto Trame =
+            Lire_Hexa((Seconde ? "FF 01 03 02 01 FF FF " : "01 00 00 98 ") + Mot.substr(2, 2));
+        Trame.resize(Trame.size() + std::stoul(Mot.substr(5)), static_cast<std::uint8_t>(Mot[2]));
+        return Envoyer(Trame, 2);
+      }
+    }
+  }
+
+  std::string Envoyer(Octets Trame, std::size_t Capacite) {
+    Octets Reponse(Capacite, ' ');
+    auto Envoi = static_cast<std::int32_t>(Trame.size()),
+         Retour = static_cast<std::int32_t>(Capacite);
+    auto Code = Galss_.Echange(Session, 0, Trame, Envoi, Reponse, Retour);
+    if (Code == 64) {
+      Code = Galss_.Echange(Session, 0, Trame, Envoi, Reponse, Retour);
+    }
+    return std::to_string(Code) + "/" + std::to_string(Retour) + ":" +
+           Ecrire_Hexa(Vue_Octets(Reponse).first(2), 2);
+  }
+
+  Galss_Simulee Galss_;
+  std::int16_t Exclusivite_ = 0;
 };
 
 TEST(Simulateur, Charge_Noyau_Et_Application_Dans_Chaque_Famille) {
-  for (const bool Chargement : {false, true}) {
-    Programme P("lectures_muettes = 2; type_os_apres_noyau = 04; num_version_apres_appli = 0210");
-    P.Connecter();
-    EXPECT_EQ(P.Lire(), 0);
-    EXPECT_EQ(P.Longueur, 118);
-    EXPECT_EQ(std::string(P.Reponse.begin() + 66, P.Reponse.begin() + 68), "03");
-    P.Charger(Chargement);
-    EXPECT_EQ(P.Lire(), 1024);
-    EXPECT_EQ(P.Lire(), 1024);
-    EXPECT_EQ(P.Lire(), 0);
-    EXPECT_EQ(std::string(P.Reponse.begin() + 66, P.Reponse.begin() + 68), "04");
-    P.Charger(Chargement);
-    EXPECT_EQ(P.Lecteur.Identite()[Champ::NumVersion], De("0210"));
-    EXPECT_EQ(P.Galss.FinExclusivite(P.Exclusivite), 0);
-    EXPECT_EQ(P.Galss.FermerSession(P.Session, P.Exclusivite), 0);
-    EXPECT_TRUE(P.Lecteur.Fautes().empty()) << P.Lecteur.Fautes().front();
+  for (const std::string F : {"t", "c"}) {
+    Programme P("octet_etat = 6; type_os_apres_noyau = 04; num_version_apres_appli = 0210");
+    const std::string Chargement = F == "t" ? "0/3:00 00; 0/2:00 00; 0/2:00 00; 0/2:00 00; "
+                                            : "0/3:00 02; 0/2:00 01; 0/2:00 01; 0/2:00 00; ";
+    EXPECT_EQ(P.Jouer("L K" + F + " L L L"),
+              "0/118:06 49; " + Chargement + "1024/2048:20 20; 1024/2048:20 20; 0/118:06 49; ");
+    EXPECT_EQ(P.Jouer("K" + F + " F X"), Chargement + "0; 0; ");
+    EXPECT_EQ(P.Lecteur.Fautes(), std::vector<std::string>());
+    const auto Fiche = P.Lecteur.Identite().Enregistrement();
+    EXPECT_EQ(std::string(Fiche.begin() + 65, Fiche.begin() + 67), "04");
+    EXPECT_EQ(std::string(Fiche.begin() + 97, Fiche.begin() + 101), "0210");
     ASSERT_EQ(P.Lecteur.Fichiers().size(), 2u);
-    for (const auto& Fichier : P.Lecteur.Fichiers()) {
-      EXPECT_TRUE(Fichier.Complet() && Fichier.Accepte);
-      EXPECT_EQ(Fichier.Contenu[2042], 2);
-      EXPECT_EQ(Fichier.Contenu[2043], 1);
-    }
     EXPECT_TRUE(P.Lecteur.Fichiers()[0].Noyau && !P.Lecteur.Fichiers()[1].Noyau);
+    Octets Attendu(2 * 2043, '0');
+    Attendu.resize(5000, '1');
+    for (const auto& Fichier : P.Lecteur.Fichiers()) {
+      EXPECT_TRUE(Fichier.Complet() && Fichier.Accepte && Fichier.Contenu == Attendu);
+    }
   }
 }
 
 TEST(Simulateur, Condamne_Chaque_Faute) {
-  struct Cas {
-    const char* Reproche;
-    std::function<void(Programme&)> Faire;
-  };
-  const Cas Tous[] = {
-      {"bloc sans demande", [](auto& P) { P.Bloc(1, 10, false); }},
-      {"version", [](auto& P) { P.Demander("0127005000", true); }},
-      {"six chiffres", [](auto& P) { P.Demander("0000 05000", false); }},
-      {"trame inconnue",
-       [](auto& P) {
-         P.Envoyer({1, 0, 0, 0x97}, 2);
-       }},
-      {"capacité",
-       [](auto& P) {
-         P.Envoyer({1, 0, 0, 0x94}, 118);
-       }},
-      {"premier bloc", [](auto& P) { P.Demander("0000005000", false), P.Bloc(0, 2043, false); }},
-      {"dernier bloc", [](auto& P) { P.Demander("0000000010", true), P.Bloc(1, 10, true); }},
-      {"2042 octets", [](auto& P) { P.Demander("0000005000", true), P.Bloc(1, 2042, true); }},
-      {"11 octets", [](auto& P) { P.Demander("0000000010", true), P.Bloc(0x11, 11, true); }},
-      {"type de bloc", [](auto& P) { P.Demander("0000005000", true), P.Bloc(3, 2043, true); }},
-      {"autre famille", [](auto& P) { P.Demander("0000005000", true), P.Bloc(1, 2043, false); }},
-      {"après la fin", [](auto& P) { P.Charger(false), P.Bloc(0x10, 914, false); }},
-      {"sans avoir attendu", [](auto& P) { P.Charger(false), P.Charger(false); }},
-      {"avant la fin",
-       [](auto& P) { P.Demander("0000005000", true), P.Demander("0000000000", true); }},
-      {"deux familles",
-       [](auto& P) { P.Charger(true), P.Lire(), P.Lire(), P.Lire(), P.Charger(false); }},
-      {"sans exclusivité", [](auto& P) { P.Galss.FinExclusivite(P.Exclusivite), P.Lire(); }},
-      {"hors session", [](auto& P) { P.Session = 4, P.Lire(); }},
-      {"sans avoir libéré", [](auto& P) { P.Galss.FermerSession(P.Session, P.Exclusivite); }},
-  };
-  for (const auto& C : Tous) {
+  const char* const Cas[][2] = {{"Bt01:10", "bloc sans demande"},
+                                {"Dc0127005000", "version"},
+                                {"Dt0000a05000", "six chiffres"},
+                                {"Dt000000500", "trame inconnue"},
+                                {"Dt0000005000 Bt00:2043", "premier bloc"},
+                                {"Dc0000000010 Bc01:10", "dernier bloc"},
+                                {"Dc0000005000 Bc01:2042", "2042 octets"},
+                                {"Dt0000000010 Bt11:11", "11 octets"},
+                                {"Dc0000005000 Bc03:2043", "type de bloc"},
+                                {"Dc0000005000 Bt01:2043", "autre famille"},
+                                {"Kt Bt10:914", "après la fin"},
+                                {"Kt Dt0000000010", "sans avoir attendu"},
+                                {"Dc0000000010 Dc0000000010", "avant la fin"},
+                                {"Kc L L L Kt", "deux familles"},
+                                {"Kc L L L Kc L Kc", "plus de deux"},
+                                {"F L", "sans exclusivité"},
+                                {"F X L", "hors session"},
+                                {"X", "sans avoir libéré"},
+                                {"Dt0000005000 Bt01:2043 Bt01:2043", "premier bloc"}};
+  for (const auto& [Pas, Reproche] : Cas) {
     Programme P("");
-    P.Connecter();
-    C.Faire(P);
-    ASSERT_FALSE(P.Lecteur.Fautes().empty()) << C.Reproche;
-    EXPECT_NE(P.Lecteur.Fautes().front().find(C.Reproche), std::string::npos)
+    P.Jouer(Pas);
+    ASSERT_FALSE(P.Lecteur.Fautes().empty()) << Pas;
+    EXPECT_NE(P.Lecteur.Fautes().front().find(Reproche), std::string::npos)
         << P.Lecteur.Fautes().front();
   }
+}
+
+TEST(Simulateur, Chaque_Defaut_Atteint_Le_Programme) {
+  const char* const Cas[][3] = {
+      {"lecture 2 fois 2 : code 0x8004", "L L L L",
+       "0/118:00 49; -32764/2048:20 20; -32764/2048:20 20; 0/118:00 49; "},
+      {"lecture 1 : refus 52", "L", "0/2:01 34; "},
+      {"demande 1 : refus", "Dt0000000010", "0/2:01 32; "},
+      {"demande 1 : refus", "Dc0000000010", "0/2:00 92; "},
+      {"demande 1 : longueur capacite+1", "Dt0000000010", "0/4:00 00; "},
+      {"demande 1 : longueur 2147483647", "Dc0000000010", "0/2147483647:00 02; "},
+      {"demande 1 : longueur -1", "Dc0000000010", "0/-1:20 20; "},
+      {"demande 1 : code 512 longueur 0", "Dt0000000010", "512/0:20 20; "},
+      {"Echange 2 : vide", "Dt0000000010 Bt11:10", "0/3:00 00; 0/2:20 20; "},
+      {"appel 4 : technique 131", "Dc0000000010 Bc11:10", "0/3:00 02; 0/2:01 83; "},
+      {"bloc 1 : nature 37", "Dc0000000010 Bc11:10", "0/3:00 02; 0/2:25 00; "},
+      {"bloc 1 : octets 01 02 03", "Dt0000000010 Bt11:10", "0/3:00 00; 0/3:01 02; "},
+      {"bloc 1 toujours : code 64", "Dt0000000010 Bt11:10", "0/3:00 00; 64/2:20 20; "},
+      {"bloc 1 : code 64 livre noms X", "Dt0000000010 Bt11:10 L",
+       "0/3:00 00; 0/2:00 00; 1024/2048:20 20; "},
+      {"bloc 1 : code 64; defaut = bloc 1 : refus 0x97", "Dc0000000010 Bc11:10",
+       "0/3:00 02; 0/2:00 97; "},
+      {"FermerSession 1 : code 4", "F X", "0; 4; "}};
+  for (const auto& [Defaut, Pas, Attendu] : Cas) {
+    Programme P("defaut = " + std::string(Defaut));
+    EXPECT_EQ(P.Jouer(Pas), Attendu) << Defaut;
+    EXPECT_EQ(P.Lecteur.Fautes(), std::vector<std::string>()) << Defaut;
+  }
+}
+
+TEST(Simulateur, Appel_Qui_Leve_Ne_Laisse_Pas_De_Trace) {
+  for (int Rang = 3; Rang <= 7; ++Rang) {
+    Programme P("premier_fichier = appli; defaut = bloc 2 : code 64 livre");
+    P.Lecteur.Avant_Appel = [&](Cible, int Courant) {
+      if (Courant == Rang) {
+        throw std::runtime_error("levée");
+      }
+    };
+    EXPECT_THROW(P.Jouer("Kt"), std::runtime_error) << Rang;
+    EXPECT_EQ(P.Lecteur.Nombre(Cible::Appel), Rang);
+    P.Lecteur.Rallumer();
+    P.Connecter();
+    P.Jouer("Kt F X");
+    EXPECT_EQ(P.Lecteur.Fautes(), std::vector<std::string>()) << Rang;
+    EXPECT_TRUE(P.Lecteur.Fichiers().back().Complet());
+  }
+}
+
+TEST(Simulateur, Scenario_Dit_La_Ligne_Fausse_Et_Garde_Les_Autres) {
+  const auto Lu = Lire_Scenario(
+      "\xEF\xBB\xBF# lecteur\r\ntype_os = 04\r\ntaille_bloc = 300\nfoo = 1\ndefaut = bloc "
+      "3\ndefaut = bloc 3 : refuse\nrien\n");
+  ASSERT_EQ(Lu.Erreurs.size(), 5u);
+  EXPECT_EQ(Lu.Erreurs[0], "ligne 3 : nombre de 0 à 255 attendu au lieu de \"300\"");
+  EXPECT_EQ(Lu.Erreurs[4].substr(0, 8), "ligne 7 ");
+  EXPECT_EQ(Lu.Contenu.Identite[Champ::TypeOS], Lire_Caracteres("04"));
+  for (const auto& Fichier : std::filesystem::directory_iterator(RACINE "/simulator/scenarios")) {
+    std::ostringstream Texte;
+    Texte << std::ifstream(Fichier.path()).rdbuf();
+    EXPECT_NO_THROW(Scenario_De(Texte.str())) << Fichier.path();
+  }
+}
+
+TEST(Simulateur, Bout_Serie) {
+  const auto Essai = Lire_Hexa("2F C0 04 00 14 00 C8 A4 FC"),
+             Config = Lire_Hexa("2F 40 04 01 00 00 94 A0 9B");
+  Lecteur_Serie Lecteur(Scenario_De("vitesses = 9600, 19200; morceaux = 5; debranche_apres = 3"));
+  EXPECT_TRUE(Lecteur.Recevoir(Essai, 4800).Morceaux.empty());
+  EXPECT_TRUE(Lecteur.Recevoir(Vue_Octets(Essai).first(4), 9600).Morceaux.empty());
+  EXPECT_EQ(Lecteur.Recevoir(Vue_Octets(Essai).subspan(4), 9600).Morceaux,
+            (std::vector<Octets>{Lire_Hexa("F2 E0 04 00 14"), Lire_Hexa("00 C8 59 A3")}));
+  EXPECT_EQ(Lecteur.Recevoir(Config, 19200).Morceaux.size(), 25u);
+  EXPECT_TRUE(Lecteur.Fautes().empty());
+  EXPECT_TRUE(Lecteur.Recevoir(Essai, 9600).Debranche);
+  Lecteur.Recevoir(Lire_Hexa("2F C0 04 00 14 00 C8 A4 FD"), 9600);
+  EXPECT_EQ(Lecteur.Fautes(), std::vector<std::string>{"octets de contrôle faux"});
+  Lecteur_Serie Etrange(
+      Scenario_De("silence = test; longueur_config = 124; bruit_avant = AA; constructeur = AUTRE"));
+  EXPECT_TRUE(Etrange.Recevoir(Essai, 9600).Morceaux.empty());
+  const auto Reponse = Etrange.Recevoir(Config, 9600).Morceaux.at(0);
+  EXPECT_EQ(Reponse.size(), 125u);
+  EXPECT_EQ(std::string(Reponse.begin() + 5, Reponse.begin() + 10), "AUTRE");
+  EXPECT_EQ(Crc_Kermit(Vue_Octets(Reponse).subspan(1)), 0);
 }
 
 }  // namespace
