@@ -10,7 +10,7 @@ if(WIN32)
   target_link_options(Pavorin PRIVATE
     -static -municode -mwindows -s
     -Wl,--major-subsystem-version=6,--minor-subsystem-version=1
-    -Wl,--dynamicbase,--nxcompat,--gc-sections)
+    -Wl,--dynamicbase,--nxcompat)
   set_target_properties(Pavorin PROPERTIES RUNTIME_OUTPUT_DIRECTORY ${CMAKE_BINARY_DIR})
   set_property(SOURCE pavorin.rc APPEND PROPERTY OBJECT_DEPENDS
     "${CMAKE_CURRENT_SOURCE_DIR}/ressources/pavorin.manifest;${CMAKE_CURRENT_SOURCE_DIR}/ressources/pavorin.ico")
