@@ -19,11 +19,13 @@ bool Plus_Ancien(const Candidat& A, const Candidat& B) {
 
 // Beyond the places of a kind the oldest version goes, the last found among equals: the newest file
 // is never lost.
-void Retenir(std::vector<Candidat>& Retenus, Candidat Nouveau) {
-  Retenus.push_back(std::move(Nouveau));
-  if (Retenus.size() <= Places) return;
-  const auto Sortant = std::min_element(Retenus.rbegin(), Retenus.rend(), Plus_Ancien);
-  Retenus.erase(std::next(Sortant).base());
+void Retenir(std::vector<Candidat>& Retenus, std::string_view Nom, double Version) {
+  if (Retenus.size() == Places) {
+    const auto Sortant = std::min_element(Retenus.rbegin(), Retenus.rend(), Plus_Ancien);
+    if (Version <= Sortant->Version) return;
+    Retenus.erase(std::next(Sortant).base());
+  }
+  Retenus.push_back({std::string(Nom), Version});
 }
 
 }  // namespace
@@ -53,7 +55,7 @@ std::vector<std::string> Lecture::Chercher(const std::string& Repertoire, Genre 
   std::vector<Candidat> Retenus;
   Disque_.Chercher(Repertoire, Motif(Quoi), [&](std::string_view Nom) {
     if (Est_Du_Genre(Nom, Quoi)) {
-      Retenir(Retenus, {std::string(Nom), Valeur_Num(Version_Fichier(Nom, Quoi))});
+      Retenir(Retenus, Nom, Valeur_Num(Version_Fichier(Nom, Quoi)));
     }
     return true;
   });

@@ -1,0 +1,138 @@
+// The portable core beside bare loops that do nothing but the same reads and calls.
+
+#include <benchmark/benchmark.h>
+#include <dirent.h>
+
+#include <filesystem>
+#include <fstream>
+
+#include "galss/Config_Lecteur.h"
+#include "galss/Fonction_API.h"
+#include "tests/Galss_Immediate.h"
+#include "update/Decider_Chargement.h"
+
+namespace {
+
+namespace fs = std::filesystem;
+
+constexpr std::size_t Taille = 999'999;
+constexpr std::size_t Donnees_Par_Bloc = 2043;
+
+void Transfert(benchmark::State& Etat) {
+  Transfert_Immediat T(Taille);
+  for (auto _ : Etat) benchmark::DoNotOptimize(T.Executer(Etat.range(0) != 0));
+  Etat.SetItemsProcessed(Etat.iterations() *
+                         static_cast<std::int64_t>(Taille / Donnees_Par_Bloc + 1));
+}
+BENCHMARK(Transfert)->ArgName("chargement")->Arg(0)->Arg(1);
+
+void Boucle_Nue(benchmark::State& Etat) {
+  Transfert_Immediat T(Taille);
+  for (auto _ : Etat) {
+    const auto Fichier = T.Disque.Ouvrir(T.Chemin);
+    Octets Commande(5 + Donnees_Par_Bloc), Reponse(2, ' ');
+    for (std::size_t Reste = Taille; Reste > 0;) {
+      const std::size_t Taille_Bloc = std::min(Reste, Donnees_Par_Bloc);
+      Fichier->Lire(std::span(Commande).subspan(5, Taille_Bloc));
+      std::int32_t Longueur = static_cast<std::int32_t>(5 + Taille_Bloc), Recus = 2;
+      T.Immediate.Echange(3, 0, Commande, Longueur, Reponse, Recus);
+      Reste -= Taille_Bloc;
+    }
+  }
+  Etat.SetItemsProcessed(Etat.iterations() *
+                         static_cast<std::int64_t>(Taille / Donnees_Par_Bloc + 1));
+}
+BENCHMARK(Boucle_Nue);
+
+/// A real directory, searched by the system.
+struct Disque_Systeme : Disque_De_Test {
+  using Disque_De_Test::Disque_De_Test;
+  void Chercher(std::string_view, std::string_view,
+                const std::function<bool(std::string_view)>& Visiter) override {
+    DIR* Dossier = opendir(Chemin.c_str());
+    while (const dirent* Entree = readdir(Dossier)) {
+      if (!Visiter(Entree->d_name)) break;
+    }
+    closedir(Dossier);
+  }
+  std::string Chemin;
+};
+
+std::string Remplir(std::int64_t Nombre) {
+  const fs::path Chemin = fs::temp_directory_path() / ("pavorin-mesure-" + std::to_string(Nombre));
+  if (fs::create_directory(Chemin)) {
+    for (std::int64_t I = 0; I < Nombre; ++I) {
+      std::ofstream(Chemin / ((I % 2 ? "ER" : "Fexa") + std::to_string(I) + ".ing"));
+    }
+  }
+  return Chemin.string();
+}
+
+void Catalogue(benchmark::State& Etat) {
+  Poste_De_Test P;
+  P.Demarrer();
+  Disque_Systeme Disque(P.Pannes_);
+  Disque.Chemin = Remplir(Etat.range(0));
+  Lecture Catalogue_Mesure(Disque, P.App.F.FMain, P.App.Globales);
+  for (auto _ : Etat) {
+    P.App.F.FMain.CchosseAppli.Vider();
+    P.App.F.FMain.CchooseNoyau.Vider();
+    Catalogue_Mesure.Lecture_Repertoire("C:\\");
+  }
+}
+BENCHMARK(Catalogue)->RangeMultiplier(10)->Range(10, 100'000);
+
+// The same two passes over the same directory, that look at no name.
+void Enumeration_Nue(benchmark::State& Etat) {
+  Pannes Aucune;
+  Disque_Systeme Disque(Aucune);
+  Disque.Chemin = Remplir(Etat.range(0));
+  std::size_t Vus = 0;
+  for (auto _ : Etat) {
+    for (int Passage = 0; Passage < 2; ++Passage) {
+      Disque.Chercher({}, {}, [&](std::string_view Nom) { return Vus += Nom.size(), true; });
+    }
+  }
+  benchmark::DoNotOptimize(Vus);
+}
+BENCHMARK(Enumeration_Nue)->RangeMultiplier(10)->Range(10, 100'000);
+
+Octets Reponse_Bifente() {
+  std::string Texte = "\x01INGENICO       LECTEUR BIFENTE 2.0M-XA-V2????";
+  Texte.resize(66, '#');
+  Texte.append("03").append(30, 'a').append("0130").append("2005031514301A2B");
+  return Octets(Texte.begin(), Texte.end());
+}
+
+void Decision(benchmark::State& Etat) {
+  Variables_Globales V;
+  V.Version_Appli = "0300";
+  V.Version_Noyau = "05";
+  const Octets Reponse = Reponse_Bifente();
+  for (auto _ : Etat)
+    benchmark::DoNotOptimize(Decider_Chargement(Reponse, {true, "k.ing", "a.ing"}, V));
+}
+BENCHMARK(Decision);
+
+void Texte_De_Code_Galss(benchmark::State& Etat) {
+  std::string Message;
+  for (auto _ : Etat) {
+    Erreur_Galss("", 4096, Message);
+    benchmark::DoNotOptimize(Message);
+  }
+}
+BENCHMARK(Texte_De_Code_Galss);
+
+void Enregistrement_Decode(benchmark::State& Etat) {
+  Horloge_De_Test Temps;
+  const Octets Reponse = Reponse_Bifente();
+  for (auto _ : Etat) {
+    for (int I = 0; I < 9; ++I) {
+      benchmark::DoNotOptimize(
+          Afficher_Champ(Reponse, Avant_Config_Galss, static_cast<Champ_Config>(I), Temps));
+    }
+  }
+}
+BENCHMARK(Enregistrement_Decode);
+
+}  // namespace
