@@ -146,8 +146,8 @@ void Lecteur_Simule::Terminer(const Trame_Recue& Trame, bool Accorde, Vue_Octets
   if (Trame.Genre == Role::Inconnu) {
     return;
   }
-  Receveur_.Conclure(Trame, Accorde, Reponse.size() > 2 ? Reponse[2] : std::uint8_t{0});
-  if (Trame.Genre != Role::Lecture && Accorde && Fichiers().back().Complet()) {
+  const auto Taille = Reponse.size() > 2 ? Reponse[2] : std::uint8_t{0};
+  if (Receveur_.Conclure(Trame, Accorde, Taille)) {
     Clore_Fichier();
   }
 }

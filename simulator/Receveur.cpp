@@ -60,10 +60,11 @@ void Receveur::Juger_Demande(const Trame_Recue& Trame) {
 }
 
 void Receveur::Juger_Bloc(const Trame_Recue& Trame) {
-  Verifier(Dernier_ != Dernier::Aucun, "bloc sans demande de chargement");
+  const bool Rien_D_Ouvert = Dernier_ == Dernier::En_Cours && !Ouvert_;
+  Verifier(Dernier_ != Dernier::Aucun && !Rien_D_Ouvert, "bloc sans demande de chargement");
   Verifier(Dernier_ != Dernier::Echoue, "bloc après un échec");
   Verifier(Dernier_ != Dernier::Reussi, "bloc après la fin du fichier");
-  if (!Irreprochable_ || !Ouvert_) {
+  if (!Irreprochable_) {
     return;
   }
   const auto& Fichier = Fichiers_.back();
@@ -90,18 +91,18 @@ void Receveur::Recevoir(const Trame_Recue& Trame) {
   Noyau_Installe_ = Noyau_Installe_ || (Fichier.Complet() && Fichier.Noyau);
 }
 
-void Receveur::Conclure(const Trame_Recue& Trame, bool Accord_Donne, std::uint8_t Taille) {
+bool Receveur::Conclure(const Trame_Recue& Trame, bool Accord_Donne, std::uint8_t Taille) {
   if (Trame.Genre == Role::Lecture) {
     ++Lectures_;
     Repondu_ = Repondu_ || Accord_Donne;
-    return;
+    return false;
   }
   if (Ouvert_) {
     Fichiers_.back().Accepte = Accord_Donne;
   }
   if (!Accord_Donne || !Ouvert_) {
     Dernier_ = Dernier::Echoue;
-    return;
+    return false;
   }
   if (Trame.Genre == Role::Demande) {
     // Half the size granted, less the five header bytes of the first family, in both families.
@@ -112,4 +113,5 @@ void Receveur::Conclure(const Trame_Recue& Trame, bool Accord_Donne, std::uint8_
   if (Fichiers_.back().Complet()) {
     Dernier_ = Dernier::Reussi;
   }
+  return Dernier_ == Dernier::Reussi;
 }

@@ -34,8 +34,8 @@ class Receveur {
   void Recevoir(const Trame_Recue& Trame);
 
   /// Told once an exchange is over, a configuration read included. Accord_Donne: its answer tells
-  /// the program to go on. Taille: size byte of a request's answer.
-  void Conclure(const Trame_Recue& Trame, bool Accord_Donne, std::uint8_t Taille);
+  /// the program to go on. Taille: size byte of a request's answer. True: a file ended well.
+  bool Conclure(const Trame_Recue& Trame, bool Accord_Donne, std::uint8_t Taille);
 
   const std::vector<Fichier_Recu>& Fichiers() const { return Fichiers_; }
 
