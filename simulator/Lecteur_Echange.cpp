@@ -102,6 +102,8 @@ void Lecteur_Simule::Ecrire(Resultat& R, const Effet& E, Tampon Reponse, std::in
     R.Donnees.resize(Borner(Ecourtee ? *E.Longueur : INT32_MAX, R.Donnees.size()));
     Longueur = static_cast<std::int32_t>(R.Donnees.size());
     Recopier(R.Donnees, Reponse);
+  } else {
+    R.Donnees.clear();
   }
   if (E.Longueur) {
     Longueur = *E.Longueur + (E.Depuis_Capacite ? static_cast<std::int32_t>(Reponse.size()) : 0);
