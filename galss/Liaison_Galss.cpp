@@ -6,10 +6,8 @@ namespace {
 
 constexpr std::int16_t Transfert_Abandonne = 64;
 
-// A length as the first call left it may go into the second one only within the buffer: the library
-// would read or write beyond it.
-std::int32_t Borner(std::int32_t Longueur, const Octets& Tampon) {
-  return std::clamp(Longueur, 0, static_cast<std::int32_t>(Tampon.size()));
+std::int32_t Capacite_De(const Octets& Tampon) {
+  return static_cast<std::int32_t>(Tampon.size());
 }
 
 }  // namespace
@@ -24,9 +22,14 @@ std::int16_t Liaison_Galss::Echanger(Vue_Octets Entete, Vue_Octets Donnees, std:
   return Session_.Code_Retour;
 }
 
+// The library may leave anything in the lengths. What it is lent in a second call stays within the
+// buffers, and it cannot have answered more than it was lent; a negative length comes through, for
+// the caller to refuse.
 std::int16_t Liaison_Galss::Appeler() {
-  Longueur_Commande_ = Borner(Longueur_Commande_, Commande_);
-  Longueur_Reponse_ = Borner(Longueur_Reponse_, Reponse_);
-  return Rendre(Galss_.Echange(Session_.Num_Session, 0, Commande_, Longueur_Commande_, Reponse_,
-                               Longueur_Reponse_));
+  Longueur_Commande_ = std::clamp(Longueur_Commande_, 0, Capacite_De(Commande_));
+  Longueur_Reponse_ = std::max(Longueur_Reponse_, 0);
+  Rendre(Galss_.Echange(Session_.Num_Session, 0, Commande_, Longueur_Commande_, Reponse_,
+                        Longueur_Reponse_));
+  Longueur_Reponse_ = std::min(Longueur_Reponse_, Capacite_De(Reponse_));
+  return Session_.Code_Retour;
 }

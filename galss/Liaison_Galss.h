@@ -22,8 +22,8 @@ class Liaison_Galss {
   /// The whole reply buffer of the last exchange; what lies beyond the answer is spaces.
   Vue_Octets Reponse() const { return Reponse_; }
 
-  /// Bytes that the library announced in the last exchange. Hostile values come through, for the
-  /// caller to refuse: nothing is ever read by this length.
+  /// Bytes that the library announced in the last exchange, at most the capacity. Negative as it
+  /// may be: nothing is ever read by this length.
   std::int32_t Longueur_Reponse() const { return Longueur_Reponse_; }
 
   /// Shared status of the operations: stores it and returns it.

@@ -275,7 +275,7 @@ TEST_F(Mise_A_Jour_Test, Chargement_Refuse) {
   } Cas[] = {
       {Avant_200, "demande : refus 51", 0},        {Depuis_200, "demande : refus 146", 0},
       {Avant_200, "bloc 3 : refus 50", 3},         {Depuis_200, "bloc 3 : technique 130", 3},
-      {Depuis_200, "bloc 2 : nature 26", 2},       {Avant_200, "bloc 2 : longueur capacite+1", 2},
+      {Depuis_200, "bloc 2 : nature 26", 2},       {Avant_200, "bloc 2 : longueur 0", 2},
       {Avant_200, "bloc 1 toujours : code 64", 1}, {Avant_200, "demande : octets 00 00 00", 0},
       {Avant_200, "demande : octets 00 00", 0},    {Depuis_200, "demande : octets 00 02 00", 0}};
   for (const auto& C : Cas) {
