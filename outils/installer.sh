@@ -1,6 +1,7 @@
 #!/bin/bash
 # Installs the Debian packages that a task needs and that are missing. Groups: natif (build and
-# native tests), windows (the 32-bit program and Wine), controles (analysis and fuzzing).
+# native tests), windows (the 32-bit program and Wine), controles (analysis and fuzzing), paquet
+# (the archive for operators, its guide in PDF).
 # Without 32-bit Wine it leaves build/windows64.choix behind: the 64-bit program is used instead.
 set -u
 cd "$(dirname "$0")/.."
@@ -10,6 +11,7 @@ declare -A groupes=(
   [windows]="g++-mingw-w64-i686-posix googletest wine wine32:i386 xvfb xauth fonts-liberation
              imagemagick xdotool"
   [controles]="clang clang-tidy clang-format cppcheck libclang-rt-14-dev"
+  [paquet]="zip unzip weasyprint python3-markdown osslsigncode fonts-liberation"
 )
 paquets_64="g++-mingw-w64-x86-64-posix wine64"
 [ "$(id -u)" = 0 ] && administrer=(env) || administrer=(sudo)
