@@ -104,7 +104,8 @@ def main():
     for rang, (sources, texte) in enumerate(epreuves, 1):
         if len(manquants(sources, texte)[1] - absents) != 1:
             fautes.append(f"l'épreuve {rang} n'est pas signalée")
-    print("\n".join(fautes))
+    for faute in fautes:
+        print(faute)
     total = len(tous) + len(MUETS) + len(erreurs) + len(epreuves)
     print(f"{total - len(fautes)} passed, {len(fautes)} failed")
     return bool(fautes)

@@ -1,0 +1,73 @@
+#!/bin/bash
+# The archive for operators: twice the same bytes, its content complete, the programs in it those
+# that were built, and signed when a certificate is given.
+set -u
+cd "$(dirname "$0")/../.."
+lieu=build/paquet
+rm -rf $lieu && mkdir -p $lieu
+passes=0 echecs=0
+
+verifier() {
+  local titre=$1
+  shift
+  if "$@" >$lieu/sortie 2>&1; then passes=$((passes + 1)); else
+    echecs=$((echecs + 1))
+    echo "ÉCHEC : $titre"
+    tail -n 20 $lieu/sortie
+  fi
+}
+
+contenu() {
+  diff - <(unzip -Z1 $lieu/1/*.zip | sed 's|scenarios/.*|scenarios/|; s|[^/]*\.ing$|*.ing|' | sort -u) <<'FIN'
+Guide.html
+Guide.pdf
+Nouveautes.txt
+Pavorin.exe
+simulateur/Galclw32.dll
+simulateur/LISEZMOI.txt
+simulateur/fichiers/*.ing
+simulateur/scenarios/
+FIN
+}
+
+identiques() {
+  unzip -q -o $lieu/1/*.zip -d $lieu/ouvert &&
+    cmp $lieu/ouvert/Pavorin.exe build/windows/Pavorin.exe &&
+    cmp $lieu/ouvert/simulateur/Galclw32.dll build/windows/simulateur/Galclw32.dll
+}
+
+# The date that a linker puts after "PE", 8 bytes from it.
+sans_date() {
+  local debut
+  debut=$(od -An -tu4 -j60 -N4 "$1")
+  [ "$(od -An -tu4 -j$((debut + 8)) -N4 "$1" | tr -d ' ')" = 0 ]
+}
+
+images_du_guide() {
+  local attendues
+  attendues=$(grep -c '^!\[' docs/guide.md)
+  [ "$(grep -o 'src="data:image/png' $lieu/ouvert/Guide.html | wc -l)" = "$attendues" ]
+}
+
+signature() {
+  openssl req -x509 -newkey rsa:2048 -nodes -subj /CN=Essai -days 2 -keyout $lieu/cle -out $lieu/cert &&
+    openssl pkcs12 -export -inkey $lieu/cle -in $lieu/cert -passout pass:essai -out $lieu/essai.p12 &&
+    PAVORIN_CERTIFICAT=$lieu/essai.p12 PAVORIN_MOT_DE_PASSE=essai ./package $lieu/signe &&
+    unzip -q -o $lieu/signe/*.zip Pavorin.exe -d $lieu/signe &&
+    osslsigncode verify -CAfile $lieu/cert -in $lieu/signe/Pavorin.exe | grep -q 'CN *= *Essai'
+}
+
+# Another hour, another place in the world, other rights on new files.
+ailleurs() { (umask 077 && TZ=Asia/Tokyo LANG=fr_FR.UTF-8 ./package $lieu/2); }
+
+verifier "première archive" ./package $lieu/1
+verifier "seconde archive" ailleurs
+verifier "deux fois les mêmes octets" cmp $lieu/1/*.zip $lieu/2/*.zip
+verifier "contenu" contenu
+verifier "programmes livrés" identiques
+verifier "programme sans date" sans_date build/windows/Pavorin.exe
+verifier "bibliothèque sans date" sans_date build/windows/simulateur/Galclw32.dll
+verifier "images du guide" images_du_guide
+verifier "signature" signature
+echo "$passes passed, $echecs failed"
+[ $echecs = 0 ]
