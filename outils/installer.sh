@@ -8,8 +8,8 @@ cd "$(dirname "$0")/.."
 
 declare -A groupes=(
   [natif]="g++ cmake ninja-build libgtest-dev python3"
-  [windows]="g++-mingw-w64-i686-posix googletest wine wine32:i386 xvfb xauth fonts-liberation
-             imagemagick xdotool"
+  [windows]="g++-mingw-w64-i686-posix googletest wine wine32:i386 fonts-wine fonts-liberation locales
+             xvfb xauth imagemagick xdotool"
   [controles]="clang clang-tidy clang-format cppcheck libclang-rt-14-dev"
   [paquet]="zip unzip weasyprint python3-markdown osslsigncode fonts-liberation"
 )
