@@ -21,11 +21,19 @@ void Fabrique_Pairs::Fabriquer() {
     Un->Accueillir(*this);
     Dans_Groupe_ = dynamic_cast<Option*>(Un) != nullptr;
   }
-  // Frames paint over all their surface: their controls must lie above them.
+  Superposer();
+}
+
+// Earlier controls lie above later ones; a frame must lie below its content, and a label below the
+// control whose edge it touches.
+void Fabrique_Pairs::Superposer() {
   for (const auto& Pair : Lieu_.Pairs) {
-    if (dynamic_cast<Pair_Cadre*>(Pair.get()) == nullptr) continue;
-    SetWindowPos(Pair->Poignee(), HWND_BOTTOM, 0, 0, 0, 0,
-                 SWP_NOMOVE | SWP_NOSIZE | SWP_NOACTIVATE);
+    if (dynamic_cast<Pair_Cadre*>(Pair.get()) != nullptr) Pair->Passer_Dessous(HWND_BOTTOM);
+    if (dynamic_cast<Pair_Etiquette*>(Pair.get()) == nullptr) continue;
+    for (const auto& Autre : Lieu_.Pairs) {
+      const bool Dessus = Autre->Modele().Numero() > Pair->Modele().Numero();
+      if (Dessus && Pair->Touche(*Autre)) Pair->Passer_Dessous(Autre->Poignee());
+    }
   }
 }
 

@@ -28,6 +28,8 @@ class Fabrique_Pairs : public Visiteur_Controles {
   template <typename Pair, typename... Arguments>
   Pair& Ajouter(Arguments&&... Donnes);
 
+  void Superposer();
+
   Surface& Lieu_;
   Fenetre& Maison_;
   bool Dans_Groupe_ = false;  // the control before is an option

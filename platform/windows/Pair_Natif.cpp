@@ -2,6 +2,8 @@
 
 #include <commctrl.h>
 
+#include <utility>
+
 #include "platform/windows/Fenetrage_Windows.h"
 #include "platform/windows/Nom_Accessible.h"
 #include "platform/windows/Texte_Windows.h"
@@ -91,7 +93,8 @@ void Pair_Natif::Disposer() {
 }
 
 void Pair_Natif::Actualiser_Texte() {
-  const std::wstring Texte = En_Utf16(Controle_.Texte());
+  std::wstring Texte = En_Utf16(Controle_.Texte());
+  if (Police_ != nullptr && Texte == Texte_) return;
   const SIZE Boite = Place_Texte();
   const HFONT Voulue = Boite.cx > 0 ? Lieu_.Fontes.Ajustee(Look(), Lieu_.Mesure, Texte, Boite)
                                     : Lieu_.Fontes.Normale(Look(), Lieu_.Mesure);
@@ -100,6 +103,7 @@ void Pair_Natif::Actualiser_Texte() {
     Envoyer(WM_SETFONT, reinterpret_cast<WPARAM>(Police_));
   }
   SetWindowTextW(Poignee_, Texte.c_str());
+  Texte_ = std::move(Texte);
 }
 
 void Pair_Natif::Actualiser_Visible() {
@@ -139,6 +143,16 @@ RECT Pair_Natif::Place() const {
   const Echelle& E = Lieu_.Mesure;
   return {E.Pixels(P.Gauche), E.Pixels(P.Haut), E.Pixels(P.Gauche + P.Largeur),
           E.Pixels(P.Haut + P.Hauteur)};
+}
+
+bool Pair_Natif::Touche(const Pair_Natif& Autre) const {
+  const RECT Ici = Place(), La = Autre.Place();
+  RECT Commun{};
+  return Controle_.Parent() == Autre.Controle_.Parent() && IntersectRect(&Commun, &Ici, &La);
+}
+
+void Pair_Natif::Passer_Dessous(HWND Autre) const {
+  SetWindowPos(Poignee_, Autre, 0, 0, 0, 0, SWP_NOMOVE | SWP_NOSIZE | SWP_NOACTIVATE);
 }
 
 void Pair_Natif::Invalider() const {

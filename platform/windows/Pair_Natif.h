@@ -53,6 +53,11 @@ class Pair_Natif : public Pair_Controle {
   /// Sets the colours of the text; the brush for the background, or null for the system's choice.
   virtual HBRUSH Colorer(HDC Dc);
 
+  /// In the same frame, and over a part of the other's surface.
+  bool Touche(const Pair_Natif& Autre) const;
+  /// Below another control, or below all with HWND_BOTTOM.
+  void Passer_Dessous(HWND Autre) const;
+
   HWND Poignee() const { return Poignee_; }
   Controle& Modele() const { return Controle_; }
 
@@ -84,5 +89,6 @@ class Pair_Natif : public Pair_Controle {
   Controle& Controle_;
   HWND Poignee_ = nullptr;
   HFONT Police_ = nullptr;
+  std::wstring Texte_;  // as shown
   bool Nomme_ = false;
 };

@@ -1,6 +1,7 @@
 #include "platform/windows/Pairs_Fixes.h"
 
 #include <commctrl.h>
+#include <uxtheme.h>
 
 #include <algorithm>
 #include <cmath>
@@ -117,15 +118,16 @@ void Pair_Trait::Dessiner_Article(const DRAWITEMSTRUCT& Demande) {
 namespace {
 
 constexpr int Pas_Par_Unite = 100;
-constexpr int Plein = 100 * Pas_Par_Unite;
 
 }  // namespace
 
 Pair_Barre::Pair_Barre(Surface& Lieu, Barre_Progression& Sienne)
     : Pair_Natif(Lieu, Sienne), Barre_(Sienne) {
   Creer(PROGRESS_CLASSW, PBS_SMOOTH);
-  // One step more than needed: see Actualiser_Valeur.
-  Envoyer(PBM_SETRANGE32, 0, Plein + 1);
+  // The themed bar glides to its value over a second, behind the transfer, and paints itself
+  // slowly.
+  SetWindowTheme(Poignee(), L"", L"");
+  Envoyer(PBM_SETRANGE32, 0, 100 * Pas_Par_Unite);
   Actualiser_Valeur();
 }
 
@@ -134,10 +136,39 @@ void Pair_Barre::Actualiser(Propriete Quoi) {
   if (Quoi == Propriete::Valeur) Actualiser_Valeur();
 }
 
-// Windows glides to a higher value over a second, but steps back at once.
+float Pair_Barre::Valeur() const {
+  return std::clamp(Barre_.Valeur(), 0.0F, 100.0F);
+}
+
 void Pair_Barre::Actualiser_Valeur() {
-  const int Pas = static_cast<int>(
-      std::lround(std::clamp(Barre_.Valeur(), 0.0F, 100.0F) * static_cast<float>(Pas_Par_Unite)));
-  Envoyer(PBM_SETPOS, static_cast<WPARAM>(Pas + 1));
-  Envoyer(PBM_SETPOS, static_cast<WPARAM>(Pas));
+  Envoyer(PBM_SETPOS, static_cast<WPARAM>(std::lround(Valeur() * Pas_Par_Unite)));
+}
+
+LRESULT Pair_Barre::Recevoir(UINT Message, WPARAM W, LPARAM L) {
+  switch (Message) {
+    case WM_ERASEBKGND:
+      return 1;
+    case WM_PAINT: {
+      PAINTSTRUCT Demande{};
+      Peindre(BeginPaint(Poignee(), &Demande));
+      EndPaint(Poignee(), &Demande);
+      return 0;
+    }
+  }
+  return Pair_Natif::Recevoir(Message, W, L);
+}
+
+// Painted here, at every block of a transfer: where the system does it, it takes longer than the
+// block itself.
+void Pair_Barre::Peindre(HDC Dc) const {
+  RECT Bord{};
+  GetClientRect(Poignee(), &Bord);
+  FrameRect(Dc, &Bord, GetSysColorBrush(COLOR_BTNSHADOW));
+  InflateRect(&Bord, -1, -1);
+  RECT Plein = Bord, Vide = Bord;
+  Plein.right = Vide.left =
+      Bord.left +
+      static_cast<LONG>(std::lround(Valeur() / 100 * static_cast<float>(Largeur_De(Bord))));
+  FillRect(Dc, &Plein, GetSysColorBrush(COLOR_HIGHLIGHT));
+  FillRect(Dc, &Vide, GetSysColorBrush(COLOR_WINDOW));
 }

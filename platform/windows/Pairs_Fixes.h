@@ -58,10 +58,13 @@ class Pair_Barre : public Pair_Natif {
   void Actualiser(Propriete Quoi) override;
 
  protected:
+  LRESULT Recevoir(UINT Message, WPARAM W, LPARAM L) override;
   void Actualiser_Texte() override {}
 
  private:
+  float Valeur() const;
   void Actualiser_Valeur();
+  void Peindre(HDC Dc) const;
 
   Barre_Progression& Barre_;
 };

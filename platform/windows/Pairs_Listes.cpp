@@ -15,15 +15,16 @@ constexpr int Lignes_Deroulees = 12;
 void Pair_Deroulant::Disposer() {
   Pair_Natif::Disposer();
   const RECT Voulue = Place();
-  // The height of a closed list follows from that of its one line.
-  RECT Fermee{};
-  GetWindowRect(Poignee(), &Fermee);
-  const int Ligne = static_cast<int>(Envoyer(CB_GETITEMHEIGHT, static_cast<WPARAM>(-1)));
-  const int Manque = Hauteur_De(Voulue) - Hauteur_De(Fermee);
-  Envoyer(CB_SETITEMHEIGHT, static_cast<WPARAM>(-1), std::max(1, Ligne + Manque));
   const int Deroulee = Lignes_Deroulees * static_cast<int>(Envoyer(CB_GETITEMHEIGHT, 0));
   SetWindowPos(Poignee(), nullptr, 0, 0, Largeur_De(Voulue), Hauteur_De(Voulue) + Deroulee,
                SWP_NOMOVE | SWP_NOZORDER | SWP_NOACTIVATE);
+  // The height of a closed list follows from that of its one line.
+  for (int Passe = 0, Ligne = Hauteur_De(Voulue); Passe < 2; ++Passe) {
+    Envoyer(CB_SETITEMHEIGHT, static_cast<WPARAM>(-1), Ligne);
+    RECT Fermee{};
+    GetWindowRect(Poignee(), &Fermee);
+    Ligne = std::max(1, Ligne + static_cast<int>(Hauteur_De(Voulue) - Hauteur_De(Fermee)));
+  }
   Actualiser_Choix();
 }
 
