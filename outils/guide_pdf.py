@@ -15,6 +15,8 @@ import weasyprint
 DOCS = pathlib.Path(__file__).resolve().parent.parent / "docs"
 PIXELS_PAR_POUCE = 96 * 1.25  # pictures are screen captures: a little smaller than on the screen
 
+LIGNES_COURTE = 8
+
 PAGE = """<!DOCTYPE html>
 <html lang="fr">
 <head>
@@ -43,11 +45,21 @@ def incorporer(image):
     return f'<img alt="{image["alt"]}" style="width:{pouces:.2f}in" src="data:image/png;base64,{donnees}"'
 
 
+def composer_a_la_francaise(html):
+    """Spaces that must not end or begin a line; tables short enough to stay on one page."""
+    for avant, apres in (("« ", "«\u00a0"), (" »", "\u00a0»"), (" :", "\u00a0:"), (" ;", "\u00a0;"),
+                         (" !", "\u00a0!"), (" ?", "\u00a0?")):
+        html = html.replace(avant, apres)
+    return re.sub(r"<table>.*?</table>", lambda t: t[0].replace("<table>", '<table class="courte">')
+                  if t[0].count("<tr>") <= LIGNES_COURTE else t[0], html, flags=re.S)
+
+
 def composer(version):
     texte = (DOCS / "guide.md").read_text(encoding="utf-8")
     corps = markdown.markdown(
         texte, extensions=["tables", "toc", "sane_lists"],
         extension_configs={"toc": {"toc_depth": "2-3"}}, output_format="html5")
+    corps = composer_a_la_francaise(corps)
     corps = re.sub(r'<img alt="(?P<alt>[^"]*)" src="(?P<src>[^"]*)"', incorporer, corps)
     corps = corps.replace("</h1>", f'</h1>\n<p class="version">Version {version}</p>', 1)
     style = (DOCS / "guide.css").read_text(encoding="utf-8")
