@@ -1,6 +1,6 @@
 #!/bin/bash
 # The archive for operators: twice the same bytes, its content complete, the programs in it those
-# that were built, and signed when a certificate is given.
+# that were built, signed when a certificate is given, and a training update that works.
 set -u
 cd "$(dirname "$0")/../.."
 lieu=build/paquet
@@ -57,6 +57,10 @@ signature() {
     osslsigncode verify -CAfile $lieu/cert -in $lieu/signe/Pavorin.exe | grep -q 'CN *= *Essai'
 }
 
+essai() {
+  cmake --build --preset windows --target pilote && python3 -B outils/paquet_essai.py $lieu/1/*.zip
+}
+
 # Another hour, another place in the world, other rights on new files.
 ailleurs() { (umask 077 && TZ=Asia/Tokyo LANG=fr_FR.UTF-8 ./package $lieu/2); }
 
@@ -69,5 +73,9 @@ verifier "programme sans date" sans_date build/windows/Pavorin.exe
 verifier "bibliothèque sans date" sans_date build/windows/simulateur/Galclw32.dll
 verifier "images du guide" images_du_guide
 verifier "signature" signature
+# The package is for 32 bits: without 32-bit Wine it cannot be tried.
+if [ -e build/windows64.choix ]; then echo "Paquet non essayé : pas de Wine 32 bits."; else
+  verifier "entraînement" essai
+fi
 echo "$passes passed, $echecs failed"
 [ $echecs = 0 ]
