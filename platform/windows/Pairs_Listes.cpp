@@ -58,6 +58,12 @@ void Pair_Deroulant::Actualiser_Contenu() {
 
 void Pair_Deroulant::Actualiser_Choix() {
   Envoyer(CB_SETCURSEL, static_cast<WPARAM>(Indice()));
+  Effacer_Surbrillance();
+}
+
+// A text that is set comes highlighted, as if the list had the focus.
+void Pair_Deroulant::Effacer_Surbrillance() {
+  if (!IsChild(Poignee(), GetFocus())) Envoyer(CB_SETEDITSEL, 0, MAKELPARAM(-1, 0));
 }
 
 void Pair_Deroulant::Elargir() {
@@ -81,6 +87,8 @@ void Pair_Liste_Deroulante::Commander(WORD Avis) {
   switch (Avis) {
     case CBN_DROPDOWN:
       return Elargir();
+    case CBN_KILLFOCUS:
+      return Effacer_Surbrillance();
     case CBN_SELCHANGE:
       return Liste_.Choisir_A_La_Main(Indice_Natif());
     case CBN_EDITCHANGE:

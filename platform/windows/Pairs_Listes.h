@@ -20,6 +20,7 @@ class Pair_Deroulant : public Pair_Natif {
 
   void Actualiser_Contenu();
   void Actualiser_Choix();
+  void Effacer_Surbrillance();
   /// Index of the entry that the operator selected.
   int Indice_Natif() const { return static_cast<int>(Envoyer(CB_GETCURSEL)); }
   /// Room for the longest entry.
