@@ -10,6 +10,7 @@ import re
 import sys
 
 import markdown
+from markdown.extensions.toc import slugify_unicode
 import weasyprint
 
 DOCS = pathlib.Path(__file__).resolve().parent.parent / "docs"
@@ -55,10 +56,10 @@ def composer_a_la_francaise(html):
 
 
 def composer(version):
-    texte = (DOCS / "guide.md").read_text(encoding="utf-8")
+    texte = (DOCS / "guide.md").read_text(encoding="utf-8").replace("<!-- sommaire -->", "[TOC]")
     corps = markdown.markdown(
         texte, extensions=["tables", "toc", "sane_lists"],
-        extension_configs={"toc": {"toc_depth": "2-3"}}, output_format="html5")
+        extension_configs={"toc": {"toc_depth": "2-3", "slugify": slugify_unicode}}, output_format="html5")
     corps = composer_a_la_francaise(corps)
     corps = re.sub(r'<img alt="(?P<alt>[^"]*)" src="(?P<src>[^"]*)"', incorporer, corps)
     corps = corps.replace("</h1>", f'</h1>\n<p class="version">Version {version}</p>', 1)
