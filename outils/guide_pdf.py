@@ -16,7 +16,7 @@ import weasyprint
 DOCS = pathlib.Path(__file__).resolve().parent.parent / "docs"
 PIXELS_PAR_POUCE = 96 * 1.25  # pictures are screen captures: a little smaller than on the screen
 
-LIGNES_COURTE = 8
+LIGNES_COURTE = 11
 
 PAGE = """<!DOCTYPE html>
 <html lang="fr">
