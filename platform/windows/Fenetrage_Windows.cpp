@@ -149,7 +149,7 @@ void Fenetrage_Windows::Signaler_Exception() noexcept {
 }
 
 void Fenetrage_Windows::Traiter_Evenements(std::chrono::milliseconds Attente) {
-  if (Profondeur_ == 0) Retirees_.clear();
+  if (Profondeur_ == 0 && !Boite_Ouverte()) Retirees_.clear();
   const Niveau Boucle(Profondeur_);
   if (Pomper()) return;
   MsgWaitForMultipleObjectsEx(0, nullptr, Duree(Attente), QS_ALLINPUT, MWMO_INPUTAVAILABLE);
