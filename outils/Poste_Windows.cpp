@@ -155,10 +155,7 @@ void Programme_Lance::Tuer() const {
 
 Consommation Programme_Lance::Mesurer() const {
   Consommation C;
-  FILETIME Debut, Arret, Noyau, Programme;
   C.Poignees = Compter_Poignees(Poignee_, Numero_);
-  GetProcessTimes(Poignee_, &Debut, &Arret, &Noyau, &Programme);
-  C.Millisecondes = (Noyau.dwLowDateTime + Programme.dwLowDateTime) / 10000;
   C.Gdi = Compter_Gdi(Poignee_);
   C.Fenetres = Compter_Fenetres(Numero_);
   C.User_Libres = Compter_User_Libres();

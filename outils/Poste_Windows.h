@@ -21,10 +21,9 @@ struct Description_Fenetre {
 /// What a process holds, to be compared before and after.
 struct Consommation {
   DWORD Poignees = 0;
-  DWORD Gdi = 0;            ///< GDI objects
-  DWORD Fenetres = 0;       ///< windows and controls, hidden ones too
-  DWORD User_Libres = 0;    ///< USER handles that the whole session can still create
-  DWORD Millisecondes = 0;  ///< processor time
+  DWORD Gdi = 0;          ///< GDI objects
+  DWORD Fenetres = 0;     ///< windows and controls, hidden ones too
+  DWORD User_Libres = 0;  ///< USER handles that the whole session can still create
 };
 
 class Programme_Lance {

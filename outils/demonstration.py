@@ -6,7 +6,8 @@ import os
 import shutil
 
 from exemples import LOGICIELS
-from poste import CONSTRUIT, Poste, attendre
+from fenetres import attendre
+from poste import CONSTRUIT, Poste
 
 IMAGES = CONSTRUIT / "demo"
 # Slow enough to be watched: some ten seconds for a file.

@@ -2,6 +2,7 @@
 identifiers and places are read."""
 
 import re
+import time
 from dataclasses import dataclass
 from pathlib import Path
 
@@ -9,6 +10,18 @@ UI = Path(__file__).resolve().parent.parent / "ui"
 WM_CLOSE, WM_KEYDOWN, WM_CHAR, WM_COMMAND = 0x10, 0x100, 0x102, 0x111
 CB_SETCURSEL, CBN_SELCHANGE, LB_SETCURSEL, VK_RETURN = 0x14E, 1, 0x186, 0x0D
 BOUTONS = {"OK": 1, "Oui": 6, "Non": 7}
+
+
+def attendre(condition, delai, quoi):
+    """What condition() gives once it is true (or not empty); fails after delai seconds."""
+    fin = time.monotonic() + delai
+    while True:
+        valeur = condition()
+        if valeur:
+            return valeur
+        if time.monotonic() > fin:
+            raise AssertionError(f"pas venu en {delai} s : {quoi}")
+        time.sleep(0.03)
 
 
 @dataclass
@@ -139,5 +152,4 @@ class Boite:
     def repondre(self, bouton="OK"):
         poste, poignee = self.fenetre.poste, self.fenetre.poignee
         poste.demander("cliquer", self.fenetre.controles()[BOUTONS[bouton]].poignee)
-        from poste import attendre
         attendre(lambda: all(f.poignee != poignee for f in poste.fenetres()), 5, f"fermeture de {self.titre!r}")

@@ -10,6 +10,7 @@ declare -A groupes=(
   [natif]="g++ cmake ninja-build libgtest-dev python3"
   [windows]="g++-mingw-w64-i686-posix googletest wine wine32:i386 fonts-wine fonts-liberation locales
              xvfb xauth imagemagick xdotool"
+  [mesures]="libbenchmark-dev valgrind"
   [controles]="clang clang-tidy clang-format cppcheck libclang-rt-14-dev"
   [paquet]="zip unzip weasyprint python3-markdown osslsigncode fonts-liberation"
 )

@@ -98,7 +98,7 @@ std::wstring Lister(HWND Liste) {
 std::wstring Mesurer() {
   const Consommation C = Programme.Mesurer();
   std::wstring Sortie = L"OK";
-  for (const DWORD N : {C.Poignees, C.Gdi, C.Fenetres, C.User_Libres, C.Millisecondes})
+  for (const DWORD N : {C.Poignees, C.Gdi, C.Fenetres, C.User_Libres})
     Sortie += L'\t' + std::to_wstring(N);
   return Sortie;
 }

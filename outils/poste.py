@@ -2,6 +2,7 @@
 with the simulated reader beside it, COM1 wired to the simulated serial reader, and the driver that
 acts as the operator. As a command: runs the rest of its command line on such a PC."""
 
+import atexit
 import fcntl
 import os
 import shutil
@@ -11,7 +12,7 @@ import sys
 import time
 from pathlib import Path
 
-from fenetres import Boite, Fenetre
+from fenetres import Boite, Fenetre, attendre
 
 RACINE = Path(__file__).resolve().parent.parent
 CONSTRUIT = RACINE / "build"
@@ -20,18 +21,6 @@ BITS_64 = (CONSTRUIT / "windows64.choix").exists()
 CIBLE = CONSTRUIT / ("windows64" if BITS_64 else "windows")
 ECRAN = "1920x1200"
 LECTEUR_C = "C:\\"
-
-
-def attendre(condition, delai, quoi):
-    """What condition() gives once it is true (or not empty); fails after delai seconds."""
-    fin = time.monotonic() + delai
-    while True:
-        valeur = condition()
-        if valeur:
-            return valeur
-        if time.monotonic() > fin:
-            raise AssertionError(f"pas venu en {delai} s : {quoi}")
-        time.sleep(0.03)
 
 
 def terminer(processus):
@@ -54,6 +43,13 @@ def _langue_francaise():
     return str(dossier)
 
 
+def _symboles(prefixe):
+    """The glyphs of the caption buttons, which Wine looks for in the prefix alone."""
+    police = Path("/usr/share/wine/fonts/marlett.ttf")
+    if police.exists():
+        shutil.copy(police, prefixe / "drive_c" / "windows" / "Fonts")
+
+
 class Poste:
     """nom: its Wine prefix, build/wine/<nom>. dpi: pixels per inch. reel: on the operator's own
     display, without a virtual desktop. police: False for a PC without Arial Narrow."""
@@ -68,6 +64,7 @@ class Poste:
                     "WINEDLLOVERRIDES": "mscoree,mshtml=d", "LC_ALL": "fr_FR.UTF-8",
                     "LANG": "fr_FR.UTF-8", "LOCPATH": _langue_francaise()}
         signal.signal(signal.SIGTERM, lambda *_: sys.exit(1))
+        atexit.register(self.fermer)
         try:
             if not reel:
                 self._ouvrir_ecran()
@@ -84,6 +81,8 @@ class Poste:
         self.fermer()
 
     def fermer(self):
+        """Ends every process of this PC, and no other."""
+        atexit.unregister(self.fermer)
         if self._pilote:
             self._pilote.stdin.close()
         if self.prefixe.exists():
@@ -114,6 +113,7 @@ class Poste:
                 subprocess.run(["wineboot", "-i"], env=env, check=True,
                                stdout=subprocess.DEVNULL, stderr=subprocess.DEVNULL)
                 subprocess.run(["wineserver", "-w"], env=env, check=True)
+                _symboles(base)
                 (base / "pret").touch()
         shutil.rmtree(self.prefixe, ignore_errors=True)
         # Hard links: the system files of a prefix, 600 MB of them, are never written again.
@@ -200,6 +200,18 @@ class Poste:
     def tuer(self):
         if self.demander("fin") is None:
             self.demander("tuer")
+
+    def processeur(self):
+        """Processor time that the program has taken, in seconds. Wine's own figure is of no use."""
+        for processus in Path("/proc").glob("[0-9]*"):
+            try:
+                if (b"Pavorin.exe" in (processus / "cmdline").read_bytes()
+                        and f"WINEPREFIX={self.prefixe}\0".encode() in (processus / "environ").read_bytes()):
+                    champs = (processus / "stat").read_text().rsplit(")", 1)[1].split()
+                    return (int(champs[11]) + int(champs[12])) / os.sysconf("SC_CLK_TCK")
+            except OSError:
+                continue  # ended in the meantime
+        raise AssertionError("le programme ne tourne pas")
 
     def fenetres(self):
         return [Fenetre(self, *article) for article in self.demander("fenetres") or [] if len(article) > 1]
