@@ -1,0 +1,248 @@
+"""Every measurement of the program, one line each: what, figure, target, met or short. The argument
+is the folder of the Windows build; the native benchmarks are in build/mesures."""
+
+import json
+import os
+import statistics
+import subprocess
+import sys
+import threading
+import time
+from pathlib import Path
+
+RACINE = Path(__file__).resolve().parent.parent
+sys.path.insert(0, str(RACINE / "outils"))
+import poste as station  # noqa: E402
+from poste import attendre  # noqa: E402
+
+BLOC = 2043
+tenus = manques = 0
+
+
+def ligne(quoi, valeur, unite, cible=None, au_moins=False):
+    """cible: none for a figure that only informs."""
+    global tenus, manques
+    verdict, seuil = "", ""
+    if cible is not None:
+        tenu = valeur >= cible if au_moins else valeur <= cible
+        tenus, manques = tenus + tenu, manques + (not tenu)
+        verdict, seuil = "met" if tenu else "SHORT", f"{'>=' if au_moins else '<='} {cible:g}"
+    print(f"{quoi:<62}{valeur:>12,.2f} {unite:<7}{seuil:>10}  {verdict}", flush=True)
+
+
+def noyau():
+    dossier = RACINE / "build" / "mesures"
+    sortie = subprocess.run([dossier / "mesures" / "mesures", "--benchmark_format=json", "--benchmark_repetitions=3",
+                             "--benchmark_min_time=0.1", "--benchmark_enable_random_interleaving=true"],
+                            env={**os.environ, "TMPDIR": str(dossier)}, check=True, stdout=subprocess.PIPE,
+                            stderr=subprocess.DEVNULL).stdout
+    ns = {}
+    for m in json.loads(sortie)["benchmarks"]:
+        if m["run_type"] == "iteration":
+            ns[m["run_name"]] = min(ns.get(m["run_name"], 1e99), m["cpu_time"])
+    blocs = 999_999 // BLOC + 1
+    for famille, nom in enumerate(("first", "second")):
+        ligne(f"core: transfer of 999 999 bytes, {nom} family, per block", ns[f"Transfert/chargement:{famille}"] / blocs, "ns")
+        ligne("core:   beside the bare loop", ns[f"Transfert/chargement:{famille}"] / ns["Boucle_Nue"], "times")
+    for n in (10, 100, 1_000, 10_000, 100_000):
+        ligne(f"core: catalogue of {n} files, beside the bare enumeration", ns[f"Catalogue/{n}"] / ns[f"Enumeration_Nue/{n}"],
+              "times", 1.3)
+    ligne("core: catalogue, per file, 100 000 files beside 1 000", ns["Catalogue/100000"] / ns["Catalogue/1000"] / 100,
+          "times", 1.3)
+    for nom, quoi in (("Decision", "load decision"), ("Texte_De_Code_Galss", "text of a code"),
+                      ("Enregistrement_Decode", "record of nine fields decoded")):
+        ligne("core: " + quoi, ns[nom], "ns")
+
+
+class Banc:
+    """The program on its PC, with the measuring library."""
+
+    def __init__(self, pc):
+        self.pc = pc
+        self.numero = None
+        self.dll = (station.CIBLE / "mesures" / "galss_chrono.dll").read_bytes()
+
+    def lancer(self, fichiers, attente=0, ini=None):
+        self.pc.installer("Mesure", fichiers=fichiers, dll=self.dll, ini=ini)
+        (self.pc.dossier / "attente.txt").write_text(str(attente))
+        self.principale = self.pc.lancer()
+        prefixe = f"WINEPREFIX={self.pc.prefixe}".encode()
+        for dossier in Path("/proc").glob("[0-9]*"):
+            try:
+                if (dossier / "comm").read_text() == "Pavorin.exe\n" and prefixe in (dossier / "environ").read_bytes():
+                    self.proc = dossier
+            except OSError:
+                continue
+
+    def mettre_a_jour(self, reponse):
+        self.principale.cliquer("CmdMaj")
+        self.pc.boite("TELECHARGER").repondre(reponse)
+
+    def chrono(self, delai):
+        """Blocks, microseconds inside Echange, microseconds in all."""
+        fichier = self.pc.dossier / "chrono.txt"
+        texte = attendre(lambda: fichier.exists() and fichier.read_text(), delai, "dernier bloc")
+        fichier.unlink()
+        return [float(n) for n in texte.split()]
+
+    def transfert(self, octets, attente):
+        self.lancer({"E0300.ing": os.urandom(octets)}, attente)
+        self.mettre_a_jour("Oui")
+
+    def temoin(self, *arguments):
+        programme = station.CIBLE / "mesures" / "temoin.exe"
+        return subprocess.run(["wine", programme, *map(str, arguments)], env=self.pc.env, check=True,
+                              stdout=subprocess.PIPE, stderr=subprocess.DEVNULL).stdout.decode()
+
+    def prives(self):
+        """Kilobytes that belong to the program alone."""
+        lignes = (self.proc / "smaps_rollup").read_text().splitlines()
+        return sum(int(l.split()[1]) for l in lignes if l.startswith("Private_"))
+
+    def processeur(self, duree):
+        """Part of one processor that the program takes, in percent."""
+        def pris():
+            return sum(int(t.read_text().split()[0]) for t in self.proc.glob("task/*/schedstat"))
+        avant, debut = pris(), time.monotonic()
+        time.sleep(duree)
+        return (pris() - avant) / 1e7 / (time.monotonic() - debut)
+
+    def reponse(self, fois):
+        """The longest of so many answers of the main window, in milliseconds."""
+        pire = 0
+        for _ in range(fois):
+            debut = time.monotonic()
+            assert self.pc.demander("envoyer", self.principale.poignee, 0, 0, 0) is not None
+            pire = max(pire, time.monotonic() - debut)
+            time.sleep(0.037)
+        return pire * 1000
+
+
+def ligne_galss(b):
+    for attente, octets, cible in ((10, 999_999, 97), (178, 40 * BLOC, 99.5)):
+        b.transfert(octets, attente)
+        memoire = []
+        if attente == 10:
+            time.sleep(1)
+            memoire.append(b.prives())
+        _, dedans, total = b.chrono(60)
+        ligne(f"line: time inside Echange, answers after {attente} ms", dedans / total * 100, "%", cible, au_moins=True)
+        if memoire:
+            ligne("memory: growth over a transfer of 999 999 bytes", b.prives() - memoire[0], "KB", 128)
+        b.pc.tuer()
+    propres, nus = [], []
+    for _ in range(3):
+        b.transfert(999_999, 0)
+        blocs, dedans, total = b.chrono(30)
+        propres.append((total - dedans) / (blocs - 1))
+        b.pc.tuer()
+        b.temoin("boucle", r"C:\Mesure\Galclw32.dll", r"C:\Mesure\Logiciels\E0300.ing")
+        blocs, dedans, total = b.chrono(30)
+        nus.append((total - dedans) / (blocs - 1))
+    ligne("line: own cost of a block, repaints included", statistics.median(propres), "us", 309)
+    ligne("line: a block of the bare loop", statistics.median(nus), "us")
+
+
+def depart(b):
+    vingt_six = {f"{genre}{n:02}00.ing": b"" for genre in ("E", "Fexa") for n in range(1, 27)}
+    b.lancer(vingt_six)
+    g, h, d, bas = b.principale.place
+    b.pc.tuer()
+    cent_mille = RACINE / "build" / "mesures" / "pavorin-mesure-100000"
+    repertoires = {"bare": None, "26": None, "absent": "C:\\Absent", "100 000": f"Z:{cent_mille}".replace("/", "\\")}
+    temps = {cas: [] for cas in repertoires}
+    for _ in range(7):
+        for cas, ini in repertoires.items():
+            if cas == "bare":
+                commande = f'"Z:{station.CIBLE}/mesures/temoin.exe" {d - g} {bas - h}'.replace("/", "\\")
+            else:
+                b.pc.installer("Mesure", fichiers=vingt_six, dll=b"", ini=ini)
+                commande = r"C:\Mesure\Pavorin.exe"
+            temps[cas].append([int(n) / 1000 for n in b.temoin("depart", commande).split()])
+    visible, pret = ({cas: statistics.median(t[i] for t in liste) for cas, liste in temps.items()} for i in (0, 1))
+    ligne("start: usable with 26 files of each kind", pret["26"], "ms")
+    ligne("start:   beside a bare window of the same size", pret["26"] / pret["bare"], "times", 1.3)
+    for cas in ("absent", "100 000"):
+        ligne(f"start: window visible, directory: {cas}, beside 26 files", visible[cas] / visible["26"], "times", 1.15)
+
+
+def attentes(b):
+    b.lancer({"Fexa0500.ing": bytes(3000)})
+    b.mettre_a_jour("Oui")
+    b.chrono(20)
+    time.sleep(0.5)
+    ligne("wait: processor during the 25 s pause", b.processeur(12), "%", 1)
+    ligne("wait: longest answer of the window meanwhile", b.reponse(100), "ms", 50)
+    b.pc.tuer()
+
+
+def memoire(b):
+    b.lancer({"E0300.ing": bytes(3000)})
+    for tour in range(200):
+        b.mettre_a_jour("Non")
+        if tour == 20:
+            debut = b.prives()
+    ligne("memory: growth over 180 updates", b.prives() - debut, "KB", 128)
+    b.pc.tuer()
+
+
+class Ligne_Serie(threading.Thread):
+    """A reader on a pseudo-terminal that notes when its last byte left."""
+
+    def __init__(self, lien, muet):
+        super().__init__(daemon=True)
+        self.maitre, self.esclave = os.openpty()
+        self.muet, self.dernier = muet, None
+        lien.unlink(missing_ok=True)
+        lien.symlink_to(os.ttyname(self.esclave))
+        self.start()
+
+    def run(self):
+        import tty
+        tty.setraw(self.esclave)
+        fiche = b"INGENICO       INGENICO  650".ljust(66 - 1) + b"03" + b"SESAM".ljust(30) + b"0127200503151430A1B2"
+        recu = b""
+        while True:
+            recu += os.read(self.maitre, 64)
+            if len(recu) < 9 or self.muet:
+                continue
+            test, recu = recu[1] == 0xC0, recu[9:]
+            os.write(self.maitre, bytes.fromhex("F2E00400140 0C859A3".replace(" ", "")) if test else b"\xF2\xE0\x76\0" + fiche + b"\0\0")
+            self.dernier = time.monotonic()
+
+
+def serie(b):
+    retards = []
+    for _ in range(5):
+        b.lancer({})
+        reader = Ligne_Serie(b.pc.prefixe / "serie", False)
+        b.principale.menu("MnLecteur")
+        while all(f.modele != "FrmResultParam" for f in b.pc.fenetres()):
+            time.sleep(0.001)
+        retards.append((time.monotonic() - reader.dernier) * 1000)
+        b.pc.tuer()
+    ligne("serial: from the reader's last byte to the verdict shown", statistics.median(retards), "ms", 20)
+    b.lancer({})
+    Ligne_Serie(b.pc.prefixe / "serie", True)
+    b.principale.menu("MnLecteur")
+    time.sleep(0.2)
+    ligne("wait: processor during the serial waits", b.processeur(1.5), "%", 1)
+    ligne("wait: longest answer of the window meanwhile", b.reponse(20), "ms", 50)
+    b.pc.tuer()
+
+
+def main():
+    station.CIBLE = Path(sys.argv[1]).resolve()
+    choix = sys.argv[2:] or ["noyau", "ligne_galss", "depart", "attentes", "memoire", "serie"]
+    if "noyau" in choix:
+        noyau()
+    with station.Poste("mesures") as pc:
+        b = Banc(pc)
+        for etape in (ligne_galss, depart, attentes, memoire, serie):
+            if etape.__name__ in choix:
+                etape(b)
+    ligne("size: program file", (station.CIBLE / "Pavorin.exe").stat().st_size / 1000, "KB", 1000)
+    print(f"{tenus} met, {manques} short")
+
+
+main()

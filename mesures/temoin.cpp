@@ -1,0 +1,105 @@
+// What the program is measured against, and the stopwatch of its start:
+//   temoin LARGEUR HAUTEUR          a bare window
+//   temoin boucle DLL FICHIER       a bare loop: the same reads and exchanges as a transfer
+//   temoin depart COMMANDE          starts a program; microseconds until its window is visible,
+//                                   then until it waits for the operator
+
+#include <windows.h>
+
+#include <cstdint>
+#include <cstdio>
+#include <cstdlib>
+#include <cstring>
+#include <string>
+
+namespace {
+
+double Microsecondes() {
+  LARGE_INTEGER Tops, Par_Seconde;
+  QueryPerformanceCounter(&Tops);
+  QueryPerformanceFrequency(&Par_Seconde);
+  return 1e6 * static_cast<double>(Tops.QuadPart) / static_cast<double>(Par_Seconde.QuadPart);
+}
+
+int Fenetre_Nue(int Largeur, int Hauteur) {
+  WNDCLASSA Classe{};
+  Classe.lpfnWndProc = DefWindowProcA;
+  Classe.hInstance = GetModuleHandleA(nullptr);
+  Classe.hCursor = LoadCursorA(nullptr, IDC_ARROW);
+  Classe.hbrBackground = GetSysColorBrush(COLOR_BTNFACE);
+  Classe.lpszClassName = "Nue";
+  RegisterClassA(&Classe);
+  const HWND Nue = CreateWindowA("Nue", "Nue", WS_OVERLAPPEDWINDOW, 0, 0, Largeur, Hauteur, nullptr,
+                                 nullptr, Classe.hInstance, nullptr);
+  ShowWindow(Nue, SW_SHOWNORMAL);
+  SetForegroundWindow(Nue);
+  UpdateWindow(Nue);
+  for (MSG Message; GetMessageA(&Message, nullptr, 0, 0) > 0;) DispatchMessageA(&Message);
+  return 0;
+}
+
+int Boucle_Nue(const char* Dll, const char* Chemin) {
+  using Un_Echange = std::int16_t __stdcall(std::int16_t, std::int16_t, std::uint8_t*,
+                                            std::int32_t*, std::uint8_t*, std::int32_t*);
+  auto* const Echange = reinterpret_cast<Un_Echange*>(
+      reinterpret_cast<void*>(GetProcAddress(LoadLibraryA(Dll), "Echange")));
+  const HANDLE Fichier =
+      CreateFileA(Chemin, GENERIC_READ, FILE_SHARE_READ, nullptr, OPEN_EXISTING, 0, nullptr);
+  DWORD Reste = GetFileSize(Fichier, nullptr);
+  std::uint8_t Trame[5 + 2043] = {1, 0, 0, 0x98, 1}, Reponse[2];
+  while (Reste > 0) {
+    DWORD Lus = 0;
+    ReadFile(Fichier, Trame + 5, sizeof Trame - 5, &Lus, nullptr);
+    Reste -= Lus;
+    if (Reste == 0) Trame[4] |= 0x10;
+    std::int32_t Longueur = static_cast<std::int32_t>(5 + Lus), Recus = sizeof Reponse;
+    Echange(0, 0, Trame, &Longueur, Reponse, &Recus);
+    Trame[4] = 0;
+  }
+  return 0;
+}
+
+struct Recherche {
+  DWORD Processus;
+  HWND Trouvee;
+};
+
+BOOL CALLBACK Regarder(HWND Une, LPARAM Adresse) {
+  auto& R = *reinterpret_cast<Recherche*>(Adresse);
+  DWORD Auteur = 0;
+  GetWindowThreadProcessId(Une, &Auteur);
+  if (Auteur == R.Processus && IsWindowVisible(Une)) R.Trouvee = Une;
+  return R.Trouvee == nullptr;
+}
+
+int Depart(char* Commande) {
+  STARTUPINFOA Infos{};
+  Infos.cb = sizeof Infos;
+  PROCESS_INFORMATION Lance{};
+  const double Debut = Microsecondes();
+  if (!CreateProcessA(nullptr, Commande, nullptr, nullptr, FALSE, 0, nullptr, nullptr, &Infos,
+                      &Lance)) {
+    return 1;
+  }
+  Recherche R{Lance.dwProcessId, nullptr};
+  while (R.Trouvee == nullptr) {
+    Sleep(1);
+    EnumWindows(Regarder, reinterpret_cast<LPARAM>(&R));
+  }
+  const double Visible = Microsecondes();
+  WaitForInputIdle(Lance.hProcess, INFINITE);
+  DWORD_PTR Reponse = 0;
+  SendMessageTimeoutA(R.Trouvee, WM_NULL, 0, 0, SMTO_NORMAL, 60'000, &Reponse);
+  std::printf("%.0f %.0f\n", Visible - Debut, Microsecondes() - Debut);
+  TerminateProcess(Lance.hProcess, 0);
+  WaitForSingleObject(Lance.hProcess, INFINITE);
+  return 0;
+}
+
+}  // namespace
+
+int main(int Nombre, char** Arguments) {
+  if (Nombre == 4) return Boucle_Nue(Arguments[2], Arguments[3]);
+  if (std::strcmp(Arguments[1], "depart") == 0) return Depart(Arguments[2]);
+  return Fenetre_Nue(std::atoi(Arguments[1]), std::atoi(Arguments[2]));
+}
