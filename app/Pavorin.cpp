@@ -1,7 +1,5 @@
 // The program's entry point: the machine, the application, the event loop.
 
-#include <windows.h>
-
 #include "app/Application.h"
 #include "app/Ligne_Commande.h"
 #include "platform/windows/Demarrage_Windows.h"
@@ -40,7 +38,7 @@ constexpr const char* Titre = "Pavorin";
 
 }  // namespace
 
-int WINAPI wWinMain(HINSTANCE, HINSTANCE, PWSTR, int) {
+int main() {
   Proteger_Programme();
   const Instance_Unique Instance;
   if (!Instance.Premiere()) {

@@ -8,7 +8,7 @@ if(WIN32)
     PAVORIN_VERSION_NOMBRES=${PROJECT_VERSION_MAJOR},${PROJECT_VERSION_MINOR},${PROJECT_VERSION_PATCH},0)
   # Windows 7 is the oldest system: subsystem version 6.1.
   target_link_options(Pavorin PRIVATE
-    -static -municode -mwindows -s
+    -static -mwindows -s
     -Wl,--major-subsystem-version=6,--minor-subsystem-version=1
     -Wl,--dynamicbase,--nxcompat)
   set_target_properties(Pavorin PROPERTIES RUNTIME_OUTPUT_DIRECTORY ${CMAKE_BINARY_DIR})

@@ -50,6 +50,7 @@ void Instance_Unique::Montrer_Premiere() {
   for (int Essai = 0; Essai < 20 && Fenetre == nullptr; ++Essai) {
     if (Essai > 0) Sleep(100);
     Fenetre = FindWindowW(Classe_Fenetre_Principale, nullptr);
+    if (Fenetre == nullptr) Fenetre = FindWindowW(Classe_Fenetre, nullptr);
   }
   if (Fenetre == nullptr) return;
   DWORD Autre = 0;

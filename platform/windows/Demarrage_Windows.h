@@ -10,6 +10,8 @@
 
 /// Window class of the main window; a second start finds the first one by it.
 inline constexpr const wchar_t* Classe_Fenetre_Principale = L"Pavorin_FMain";
+/// Class of the other windows: one of them may outlive the main window.
+inline constexpr const wchar_t* Classe_Fenetre = L"Pavorin_Fenetre";
 
 /// To be called first of all: libraries come from the Windows directory only, a corrupt heap ends
 /// the program, no system dialog box for a drive that is not ready, no "not responding" ghost.

@@ -8,9 +8,6 @@
 #include "platform/windows/Pair_Natif.h"
 #include "ui/controles/Fenetre.h"
 
-/// Window class of the windows without menus; the one with menus is Classe_Fenetre_Principale.
-inline constexpr const wchar_t* Classe_Fenetre = L"Pavorin_Fenetre";
-
 class Fenetre_Native : public Pair_Fenetre {
  public:
   /// Still hidden. Proprietaire: window in front of which it stays, or null. Voisine: a window on
