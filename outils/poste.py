@@ -19,6 +19,7 @@ CONSTRUIT = RACINE / "build"
 SIMULATEUR = RACINE / "simulator" / "scenarios"
 BITS_64 = (CONSTRUIT / "windows64.choix").exists()
 CIBLE = CONSTRUIT / ("windows64" if BITS_64 else "windows")
+GARDE = CIBLE if BITS_64 else CONSTRUIT / "windows-gardees"
 ECRAN = "1920x1200"
 LECTEUR_C = "C:\\"
 
@@ -160,7 +161,7 @@ class Poste:
 
     # The program
 
-    def installer(self, nom, scenario="", fichiers=None, ini=None, dll=None):
+    def installer(self, nom, scenario="", fichiers=None, ini=None, dll=None, programme=CIBLE / "Pavorin.exe"):
         """A directory C:\\nom with the program and the simulated reader. fichiers: software files by
         name, in C:\\nom\\Logiciels. ini: the directory remembered (that one when None). dll: other
         content for the library, b"" for none."""
@@ -168,7 +169,7 @@ class Poste:
         shutil.rmtree(self.dossier, ignore_errors=True)
         logiciels = self.dossier / "Logiciels"
         logiciels.mkdir(parents=True)
-        shutil.copy(CIBLE / "Pavorin.exe", self.dossier)
+        shutil.copy(programme, self.dossier)
         if dll is None:
             shutil.copy(CIBLE / "simulateur" / "Galclw32.dll", self.dossier)
         elif dll:

@@ -15,7 +15,7 @@ DE_FRONT = 4
 
 def classes():
     for module in sorted(ICI.glob("essai_*.py")):
-        for nom in re.findall(r"^class (\w+)\((?:Cas|Mise_En_Page)\)", module.read_text("utf-8"), re.M):
+        for nom in re.findall(r"^class (\w+)\((?:Cas|Mise_En_Page|Defauts_Telechargement)\)", module.read_text("utf-8"), re.M):
             if len(sys.argv) == 1 or nom in sys.argv[1:]:
                 yield f"{module.stem}.{nom}"
 

@@ -1,0 +1,93 @@
+"""Faults of the library and of the reader through the real program, built so that the buffers lent to
+the library end at a forbidden page. After each, the window is usable and a clean update goes through."""
+
+import time
+
+from cas import APPLI, ENTETE, PETITS, SERVICE, TERMINAL, Cas
+from fenetres import attendre
+from poste import GARDE
+
+# Ends before any load: the reader is refused.
+REFUSES = [
+    *(f"{appel} 1 toujours : code {code}" for appel in ("OuvrirSession", "DebutExclusivite")
+      for code in (64, 2048, 8192, -1, 12345)),
+    *(f"lecture 1 toujours : {effet}" for effet in (
+        "silence", "code 64", "code 64 longueur 0", "code 64 longueur capacite+1", "vide", "technique",
+        "octets 00 35", "octets FF", "longueur 0", "longueur 2", "longueur 50")),
+]
+REPONSES = {
+    "demande 1 toujours : ": ("silence", "code 64", "code 64 longueur -1", "refus", "technique", "nature 99", "longueur 1",
+                              "longueur capacite+1", "longueur -1", "longueur -2147483648", "vide"),
+    "bloc 2 toujours : ": ("silence", "code 64", "code 64 longueur capacite+1", "refus", "technique", "nature 99",
+                           "longueur 1", "longueur 2147483647", "longueur -1", "octets 01"),
+}
+REUSSIS = ["demande 1 : code 64", "bloc 2 : code 64 livre", "appel 1 toujours : noms \\xFF\\xFF"]
+
+
+class Defauts_Telechargement(Cas):
+    base = "famille = telechargement\nnum_version = 0150\n"
+    recu = PETITS[APPLI]
+    # Odd answers that this family of frames takes for an agreement; a length is never more than was lent.
+    admises = ("nature 99", "longueur capacite+1", "vide", "bloc 2 toujours : longueur 1", "longueur 2147483647")
+
+    def test_defauts(self):
+        self.lancer(programme=GARDE / "Pavorin.exe")
+        self.choisir_manuellement(APPLI)
+        for defaut in REFUSES:
+            self.eprouver(defaut, "refus")
+        for defaut in REUSSIS:
+            self.eprouver(defaut, "succes")
+        for defaut in (trame + effet for trame, effets in REPONSES.items() for effet in effets):
+            admise = defaut.endswith(self.admises) and "code" not in defaut
+            self.eprouver(defaut, "succes" if admise else "echec")
+
+    def eprouver(self, defaut, verdict):
+        with self.subTest(defaut):
+            self.assertEqual(self.charger(defaut), verdict, self.poste.trace()[-1500:] + self.volet())
+            self.verifier_calme()
+
+    def charger(self, defaut):
+        """One update under a fault; how it ended."""
+        (self.poste.dossier / "trace.txt").unlink(missing_ok=True)
+        deja = len(self.poste.recus())
+        self.poste.scenario("type_lecteur = LECTEUR BIFENTE 2.0M-XA-V2\n" + self.base + "defaut = " + defaut + "\n")
+        self.fmain.choisir("CchosseAppli", APPLI)
+        attendre(lambda: self.fmain.cliquer("CmdMaj"), 5, "« Mise à jour » actif")
+        fin = self.suivre()
+        reussi = "Chargement Réussi." in self.volet()
+        recus = self.poste.recus()[deja:]
+        self.assertTrue(not reussi or recus == [self.recu], "succès annoncé à tort")
+        self.assertTrue(all(self.recu.startswith(r) for r in recus))
+        return "succes" if reussi else {"fini": "echec"}.get(fin, fin)
+
+    def suivre(self):
+        """Answers the boxes up to the end of the update."""
+        limite = time.monotonic() + 30
+        while time.monotonic() < limite:
+            boite = next((f for f in self.poste.fenetres() if f.classe == "#32770"), None)
+            if boite is None:
+                if self.poste.demander("fin") is not None:
+                    raise AssertionError("le programme est mort")
+                if self.fmain.texte("TxtDetails").endswith("Arrêt du Galss\r\n") and len(self.poste.fenetres()) == 1:
+                    return "fini"
+                continue
+            boite = self.poste.boite(boite.titre)
+            boite.repondre("Oui" if boite.titre == "TELECHARGER" else "OK")
+            if boite.titre != "TELECHARGER":
+                return {TERMINAL: "refus", SERVICE: "erreur"}[boite.texte]
+        raise AssertionError("mise à jour sans fin : " + self.volet())
+
+    def verifier_calme(self):
+        self.assertNotIn("FAUTE", self.poste.trace())
+        attendre(lambda: self.fmain.relire().active and self.fmain["CmdQuitter"].actif, 5, "fenêtre principale active")
+        self.assertTrue(self.fmain["TxtDetails"].visible and self.volet().startswith(ENTETE))
+        self.poste.scenario("type_lecteur = LECTEUR BIFENTE 2.0M-XA-V2\n" + self.base)
+        self.fmain.choisir("CchosseAppli", APPLI)
+        self.mettre_a_jour("Non")
+        self.attendre_volet("mise à jour stoppée par l'utilisateur\nArrêt du Galss\n")
+
+
+class Defauts_Chargement(Defauts_Telechargement):
+    base = "famille = chargement\nnum_version = 0200\n"
+    recu = PETITS[APPLI][:-3]
+    admises = ("longueur capacite+1", "longueur 2147483647")
