@@ -108,20 +108,22 @@ void Fenetre_Native::Dimensionner(std::optional<POINT> Coin) {
   AdjustWindowRectEx(&Dehors, Style_Fenetre(Modele_), GetMenu(Poignee()) != nullptr, 0);
   SIZE Taille{Largeur_De(Dehors), Hauteur_De(Dehors)};
   // What the frame really takes at this DPI is only known once it is there.
-  for (int Passe = 0; Passe < 2; ++Passe) {
-    SetWindowPos(Poignee(), nullptr, 0, 0, Taille.cx, Taille.cy,
-                 SWP_NOMOVE | SWP_NOZORDER | SWP_NOACTIVATE);
+  for (int Passe = 0; Passe < 3; ++Passe) {
+    const POINT Ici = Coin.value_or(Centre(Taille));
+    SetWindowPos(Poignee(), nullptr, Ici.x, Ici.y, Taille.cx, Taille.cy,
+                 SWP_NOZORDER | SWP_NOACTIVATE);
     RECT Dedans{};
     GetClientRect(Poignee(), &Dedans);
+    if (Dedans.right == Voulue.cx && Dedans.bottom == Voulue.cy) return;
     Taille.cx += Voulue.cx - Dedans.right;
     Taille.cy += Voulue.cy - Dedans.bottom;
   }
-  if (!Coin) {
-    const RECT T = Surface_De_Travail(MonitorFromWindow(Poignee(), MONITOR_DEFAULTTONEAREST));
-    Coin = {T.left + (Largeur_De(T) - Taille.cx) / 2, T.top + (Hauteur_De(T) - Taille.cy) / 2};
-  }
-  SetWindowPos(Poignee(), nullptr, Coin->x, Coin->y, Taille.cx, Taille.cy,
-               SWP_NOZORDER | SWP_NOACTIVATE);
+}
+
+// Where a window of that size stands in the middle of its monitor.
+POINT Fenetre_Native::Centre(SIZE Taille) const {
+  const RECT T = Surface_De_Travail(MonitorFromWindow(Poignee(), MONITOR_DEFAULTTONEAREST));
+  return {T.left + (Largeur_De(T) - Taille.cx) / 2, T.top + (Hauteur_De(T) - Taille.cy) / 2};
 }
 
 void Fenetre_Native::Changer_Echelle(int Dpi, const RECT& Proposee) {

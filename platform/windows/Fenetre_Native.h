@@ -47,6 +47,7 @@ class Fenetre_Native : public Pair_Fenetre {
   void Poser_Icones();
   /// Gives the client area its size; centred in the monitor's work area, or from Coin.
   void Dimensionner(std::optional<POINT> Coin);
+  POINT Centre(SIZE Taille) const;
   void Changer_Echelle(int Dpi, const RECT& Proposee);
 
   Pair_Natif* Pair_De(HWND Poignee_Controle) const;

@@ -1,21 +1,13 @@
 #include "platform/windows/Pair_Natif.h"
 
-#include <commctrl.h>
-
 #include <utility>
 
 #include "platform/windows/Fenetrage_Windows.h"
 #include "platform/windows/Nom_Accessible.h"
 #include "platform/windows/Texte_Windows.h"
 
-namespace {
-
-constexpr UINT_PTR Identite = 1;
-
-}  // namespace
-
 Pair_Natif::~Pair_Natif() {
-  if (Poignee_ != nullptr) RemoveWindowSubclass(Poignee_, Aiguiller, Identite);
+  if (Poignee_ != nullptr) Rendre_Procedure();
 }
 
 void Pair_Natif::Creer(const wchar_t* Classe, DWORD Style, DWORD Style_Etendu) {
@@ -27,18 +19,28 @@ void Pair_Natif::Creer(const wchar_t* Classe, DWORD Style, DWORD Style_Etendu) {
   if (Poignee_ == nullptr) {
     throw Erreur(Numero_Erreur::Memoire_Insuffisante, Texte_Systeme(GetLastError()));
   }
-  SetWindowSubclass(Poignee_, Aiguiller, Identite, reinterpret_cast<DWORD_PTR>(this));
+  Prendre_Procedure();
   Disposer();
   Actualiser_Visible();
 }
 
-LRESULT CALLBACK Pair_Natif::Aiguiller(HWND Fenetre, UINT Message, WPARAM W, LPARAM L, UINT_PTR,
-                                       DWORD_PTR Adresse) {
-  auto& Pair = *reinterpret_cast<Pair_Natif*>(Adresse);
+// Not the subclassing of comctl32.dll, which looks a window property up several times per message.
+void Pair_Natif::Prendre_Procedure() {
+  SetWindowLongPtrW(Poignee_, GWLP_USERDATA, reinterpret_cast<LONG_PTR>(this));
+  Procedure_ = reinterpret_cast<WNDPROC>(
+      SetWindowLongPtrW(Poignee_, GWLP_WNDPROC, reinterpret_cast<LONG_PTR>(Aiguiller)));
+}
+
+void Pair_Natif::Rendre_Procedure() {
+  SetWindowLongPtrW(Poignee_, GWLP_WNDPROC, reinterpret_cast<LONG_PTR>(Procedure_));
+  Poignee_ = nullptr;
+}
+
+LRESULT CALLBACK Pair_Natif::Aiguiller(HWND Fenetre, UINT Message, WPARAM W, LPARAM L) {
+  auto& Pair = *reinterpret_cast<Pair_Natif*>(GetWindowLongPtrW(Fenetre, GWLP_USERDATA));
   if (Message == WM_NCDESTROY) {
-    RemoveWindowSubclass(Fenetre, Aiguiller, Identite);
-    Pair.Poignee_ = nullptr;
-    return DefSubclassProc(Fenetre, Message, W, L);
+    Pair.Rendre_Procedure();
+    return CallWindowProcW(Pair.Procedure_, Fenetre, Message, W, L);
   }
   try {
     return Pair.Recevoir(Message, W, L);
@@ -51,7 +53,8 @@ LRESULT CALLBACK Pair_Natif::Aiguiller(HWND Fenetre, UINT Message, WPARAM W, LPA
 LRESULT Pair_Natif::Recevoir(UINT Message, WPARAM W, LPARAM L) {
   // The first question of a screen reader; before it, names would cost the start for nothing.
   if (Message == WM_GETOBJECT && !Nomme_) Nommer();
-  return DefSubclassProc(Poignee_, Message, W, L);
+  // Its own events may have destroyed the native control meanwhile.
+  return Poignee_ == nullptr ? 0 : CallWindowProcW(Procedure_, Poignee_, Message, W, L);
 }
 
 void Pair_Natif::Nommer() {

@@ -82,12 +82,15 @@ class Pair_Natif : public Pair_Controle {
   Surface& Lieu_;
 
  private:
-  static LRESULT CALLBACK Aiguiller(HWND, UINT, WPARAM, LPARAM, UINT_PTR, DWORD_PTR);
+  static LRESULT CALLBACK Aiguiller(HWND, UINT, WPARAM, LPARAM);
+  void Prendre_Procedure();
+  void Rendre_Procedure();
   void Actualiser_Active();
   void Nommer();
 
   Controle& Controle_;
   HWND Poignee_ = nullptr;
+  WNDPROC Procedure_ = nullptr;  // the native control's own
   HFONT Police_ = nullptr;
   std::wstring Texte_;  // as shown
   bool Nomme_ = false;

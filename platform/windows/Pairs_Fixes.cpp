@@ -140,12 +140,19 @@ float Pair_Barre::Valeur() const {
   return std::clamp(Barre_.Valeur(), 0.0F, 100.0F);
 }
 
+// Painted on the spot, as a label paints its new text: an invalidation and the message that it ends
+// in would cost several times as much, at every block.
 void Pair_Barre::Actualiser_Valeur() {
-  Envoyer(PBM_SETPOS, static_cast<WPARAM>(std::lround(Valeur() * Pas_Par_Unite)));
+  const HDC Dc = GetDC(Poignee());
+  Peindre(Dc);
+  ReleaseDC(Poignee(), Dc);
+  NotifyWinEvent(EVENT_OBJECT_VALUECHANGE, Poignee(), OBJID_CLIENT, CHILDID_SELF);
 }
 
 LRESULT Pair_Barre::Recevoir(UINT Message, WPARAM W, LPARAM L) {
   switch (Message) {
+    case PBM_GETPOS:  // a screen reader asks
+      return std::lround(Valeur() * Pas_Par_Unite);
     case WM_ERASEBKGND:
       return 1;
     case WM_PAINT: {

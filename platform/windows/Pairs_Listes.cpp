@@ -53,7 +53,8 @@ void Pair_Deroulant::Actualiser_Contenu() {
     Montrees_.push_back(Voulues[I]);
     Envoyer(CB_ADDSTRING, 0, reinterpret_cast<LPARAM>(En_Utf16(Voulues[I]).c_str()));
   }
-  Actualiser_Choix();
+  // A selection set again paints the list again, for each entry that comes.
+  if (Indice_Natif() != Indice()) Actualiser_Choix();
 }
 
 void Pair_Deroulant::Actualiser_Choix() {
