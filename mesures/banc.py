@@ -60,10 +60,11 @@ class Banc:
     def __init__(self, pc):
         self.pc = pc
         self.numero = None
+        self.programme = station.CIBLE / "Pavorin.exe"
         self.dll = (station.CIBLE / "mesures" / "galss_chrono.dll").read_bytes()
 
     def lancer(self, fichiers, attente=0, ini=None):
-        self.pc.installer("Mesure", fichiers=fichiers, dll=self.dll, ini=ini)
+        self.pc.installer("Mesure", fichiers=fichiers, dll=self.dll, ini=ini, programme=self.programme)
         (self.pc.dossier / "attente.txt").write_text(str(attente))
         self.principale = self.pc.lancer()
         prefixe = f"WINEPREFIX={self.pc.prefixe}".encode()
@@ -156,7 +157,7 @@ def depart(b):
             if cas == "bare":
                 commande = f'"Z:{station.CIBLE}/mesures/temoin.exe" {d - g} {bas - h}'.replace("/", "\\")
             else:
-                b.pc.installer("Mesure", fichiers=vingt_six, dll=b"", ini=ini)
+                b.pc.installer("Mesure", fichiers=vingt_six, dll=b"", ini=ini, programme=b.programme)
                 commande = r"C:\Mesure\Pavorin.exe"
             temps[cas].append([int(n) / 1000 for n in b.temoin("depart", commande).split()])
     visible, pret = ({cas: statistics.median(t[i] for t in liste) for cas, liste in temps.items()} for i in (0, 1))
