@@ -31,6 +31,8 @@ constexpr const char* Reglages_Rapides = "19200,n,8,1";
 constexpr double Attente_Test = 1;
 constexpr double Attente_Configuration = 2;
 constexpr std::chrono::milliseconds Sommeil{10};
+// While an answer is coming in: its last byte is not left waiting.
+constexpr std::chrono::milliseconds Sommeil_Court{2};
 
 }  // namespace
 
@@ -132,9 +134,12 @@ void Test_lecteur::Montrer_Reglages(bool Vitesse_Changee) {
 bool Test_lecteur::Lire_Configuration() {
   MSComm1_.Ecrire(Demande_Configuration);
   const double Debut = Temps_.Secondes();
+  std::size_t Venus = 0;
   do {
-    Ecran_.Traiter_Evenements(Sommeil);
-    if (MSComm1_.En_Attente() == Taille_Reponse_Configuration) {
+    const bool En_Cours = Venus > 0 && Venus < Taille_Reponse_Configuration;
+    Ecran_.Traiter_Evenements(En_Cours ? Sommeil_Court : Sommeil);
+    Venus = MSComm1_.En_Attente();
+    if (Venus == Taille_Reponse_Configuration) {
       Reponse_Serie_ = MSComm1_.Lire_Tout();
       return true;
     }
