@@ -8,6 +8,7 @@ import subprocess
 import sys
 import threading
 import time
+import tty
 from pathlib import Path
 
 RACINE = Path(__file__).resolve().parent.parent
@@ -86,10 +87,6 @@ class Banc:
         fichier.unlink()
         return [float(n) for n in texte.split()]
 
-    def transfert(self, octets, attente):
-        self.lancer({"E0300.ing": os.urandom(octets)}, attente)
-        self.mettre_a_jour("Oui")
-
     def temoin(self, *arguments):
         programme = station.CIBLE / "mesures" / "temoin.exe"
         return subprocess.run(["wine", programme, *map(str, arguments)], env=self.pc.env, check=True,
@@ -119,52 +116,59 @@ class Banc:
         return pire * 1000
 
 
+def passe(b, octets, attente):
+    """One transfer; its blocks, microseconds inside Echange and in all, growth of the memory in KB."""
+    b.lancer({"E0300.ing": os.urandom(octets)}, attente)
+    b.mettre_a_jour("Oui")
+    time.sleep(1)
+    debut = b.prives()
+    blocs, dedans, total = b.chrono(60)
+    croissance = b.prives() - debut
+    b.pc.tuer()
+    return blocs, dedans, total, croissance
+
+
 def ligne_galss(b):
-    for attente, octets, cible in ((10, 999_999, 97), (178, 40 * BLOC, 99.5)):
-        b.transfert(octets, attente)
-        memoire = []
+    """Whatever else runs on the machine only adds: the best of three runs."""
+    for attente, octets, cible in ((10, 999_999, 97), (178, 30 * BLOC, 99.5)):
+        passes = [passe(b, octets, attente) for _ in range(3)]
+        ligne(f"line: time inside Echange, answers after {attente} ms", max(p[1] / p[2] for p in passes) * 100, "%", cible,
+              au_moins=True)
         if attente == 10:
-            time.sleep(1)
-            memoire.append(b.prives())
-        _, dedans, total = b.chrono(60)
-        ligne(f"line: time inside Echange, answers after {attente} ms", dedans / total * 100, "%", cible, au_moins=True)
-        if memoire:
-            ligne("memory: growth over a transfer of 999 999 bytes", b.prives() - memoire[0], "KB", 128)
-        b.pc.tuer()
+            ligne("memory: growth over a transfer of 999 999 bytes", statistics.median(p[3] for p in passes), "KB", 128)
     propres, nus = [], []
     for _ in range(3):
-        b.transfert(999_999, 0)
-        blocs, dedans, total = b.chrono(30)
+        blocs, dedans, total, _ = passe(b, 999_999, 0)
         propres.append((total - dedans) / (blocs - 1))
-        b.pc.tuer()
         b.temoin("boucle", r"C:\Mesure\Galclw32.dll", r"C:\Mesure\Logiciels\E0300.ing")
         blocs, dedans, total = b.chrono(30)
         nus.append((total - dedans) / (blocs - 1))
-    ligne("line: own cost of a block, repaints included", statistics.median(propres), "us", 309)
-    ligne("line: a block of the bare loop", statistics.median(nus), "us")
+    ligne("line: own cost of a block, repaints included", min(propres), "us", 309)
+    ligne("line: a block of the bare loop", min(nus), "us")
 
 
 def depart(b):
     vingt_six = {f"{genre}{n:02}00.ing": b"" for genre in ("E", "Fexa") for n in range(1, 27)}
     b.lancer(vingt_six)
     g, h, d, bas = b.principale.place
+    controles = len(b.principale.controles())
     b.pc.tuer()
-    cent_mille = RACINE / "build" / "mesures" / "pavorin-mesure-100000"
-    repertoires = {"bare": None, "26": None, "absent": "C:\\Absent", "100 000": f"Z:{cent_mille}".replace("/", "\\")}
-    temps = {cas: [] for cas in repertoires}
-    for _ in range(7):
-        for cas, ini in repertoires.items():
-            if cas == "bare":
-                commande = f'"Z:{station.CIBLE}/mesures/temoin.exe" {d - g} {bas - h}'.replace("/", "\\")
-            else:
-                b.pc.installer("Mesure", fichiers=vingt_six, dll=b"", ini=ini, programme=b.programme)
-                commande = r"C:\Mesure\Pavorin.exe"
-            temps[cas].append([int(n) / 1000 for n in b.temoin("depart", commande).split()])
-    visible, pret = ({cas: statistics.median(t[i] for t in liste) for cas, liste in temps.items()} for i in (0, 1))
+    cent_mille = f"Z:{RACINE}/build/mesures/pavorin-mesure-100000".replace("/", "\\")
+    temoin = f'"Z:{station.CIBLE}/mesures/temoin.exe" {d - g} {bas - h} '.replace("/", "\\")
+    cas = {"bare": temoin + "0", "labels": temoin + str(controles), "26": None, "absent": "C:\\Absent", "100 000": cent_mille}
+    temps = {nom: [] for nom in cas}
+    for _ in range(9):
+        for nom, valeur in cas.items():
+            if nom not in ("bare", "labels"):
+                b.pc.installer("Mesure", fichiers=vingt_six, dll=b"", ini=valeur, programme=b.programme)
+                valeur = r"C:\Mesure\Pavorin.exe"
+            temps[nom].append([int(n) / 1000 for n in b.temoin("depart", valeur).split()])
+    visible, pret = ({nom: min(t[i] for t in liste) for nom, liste in temps.items()} for i in (0, 1))
     ligne("start: usable with 26 files of each kind", pret["26"], "ms")
     ligne("start:   beside a bare window of the same size", pret["26"] / pret["bare"], "times", 1.3)
-    for cas in ("absent", "100 000"):
-        ligne(f"start: window visible, directory: {cas}, beside 26 files", visible[cas] / visible["26"], "times", 1.15)
+    ligne(f"start:   beside that window with {controles} plain labels", pret["26"] / pret["labels"], "times")
+    for nom in ("absent", "100 000"):
+        ligne(f"start: window visible, directory: {nom}, beside 26 files", visible[nom] / visible["26"], "times", 1.15)
 
 
 def attentes(b):
@@ -188,7 +192,7 @@ def memoire(b):
 
 
 class Ligne_Serie(threading.Thread):
-    """A reader on a pseudo-terminal that notes when its last byte left."""
+    """A reader on a pseudo-terminal, at the pace of 9600 bauds, that notes when its last byte left."""
 
     def __init__(self, lien, muet):
         super().__init__(daemon=True)
@@ -199,16 +203,18 @@ class Ligne_Serie(threading.Thread):
         self.start()
 
     def run(self):
-        import tty
         tty.setraw(self.esclave)
-        fiche = b"INGENICO       INGENICO  650".ljust(66 - 1) + b"03" + b"SESAM".ljust(30) + b"0127200503151430A1B2"
-        recu = b""
+        fiche = b"INGENICO       INGENICO  650".ljust(65) + b"03" + b"SESAM".ljust(30) + b"0127200503151430A1B2"
         while True:
-            recu += os.read(self.maitre, 64)
-            if len(recu) < 9 or self.muet:
+            recu = b""
+            while len(recu) < 9:
+                recu += os.read(self.maitre, 9 - len(recu))
+            if self.muet:
                 continue
-            test, recu = recu[1] == 0xC0, recu[9:]
-            os.write(self.maitre, bytes.fromhex("F2E00400140 0C859A3".replace(" ", "")) if test else b"\xF2\xE0\x76\0" + fiche + b"\0\0")
+            test = recu[1] == 0xC0
+            for octet in bytes.fromhex("F2E004001400C859A3") if test else b"\xF2\xE0\x76\0" + fiche + b"\0\0":
+                time.sleep(10 / 9600)
+                os.write(self.maitre, bytes([octet]))
             self.dernier = time.monotonic()
 
 

@@ -1,5 +1,5 @@
 // What the program is measured against, and the stopwatch of its start:
-//   temoin LARGEUR HAUTEUR          a bare window
+//   temoin LARGEUR HAUTEUR N        a bare window, with N plain labels
 //   temoin boucle DLL FICHIER       a bare loop: the same reads and exchanges as a transfer
 //   temoin depart COMMANDE          starts a program; microseconds until its window is visible,
 //                                   then until it waits for the operator
@@ -21,7 +21,7 @@ double Microsecondes() {
   return 1e6 * static_cast<double>(Tops.QuadPart) / static_cast<double>(Par_Seconde.QuadPart);
 }
 
-int Fenetre_Nue(int Largeur, int Hauteur) {
+int Fenetre_Nue(int Largeur, int Hauteur, int Etiquettes) {
   WNDCLASSA Classe{};
   Classe.lpfnWndProc = DefWindowProcA;
   Classe.hInstance = GetModuleHandleA(nullptr);
@@ -31,9 +31,13 @@ int Fenetre_Nue(int Largeur, int Hauteur) {
   RegisterClassA(&Classe);
   const HWND Nue = CreateWindowA("Nue", "Nue", WS_OVERLAPPEDWINDOW, 0, 0, Largeur, Hauteur, nullptr,
                                  nullptr, Classe.hInstance, nullptr);
+  for (int I = 0; I < Etiquettes; ++I) {
+    CreateWindowA("STATIC", "Etiquette", WS_CHILD | WS_VISIBLE, I % 5 * 120, I / 5 * 30, 110, 25,
+                  Nue, nullptr, Classe.hInstance, nullptr);
+  }
   ShowWindow(Nue, SW_SHOWNORMAL);
   SetForegroundWindow(Nue);
-  UpdateWindow(Nue);
+  RedrawWindow(Nue, nullptr, nullptr, RDW_UPDATENOW | RDW_ALLCHILDREN);
   for (MSG Message; GetMessageA(&Message, nullptr, 0, 0) > 0;) DispatchMessageA(&Message);
   return 0;
 }
@@ -99,7 +103,9 @@ int Depart(char* Commande) {
 }  // namespace
 
 int main(int Nombre, char** Arguments) {
-  if (Nombre == 4) return Boucle_Nue(Arguments[2], Arguments[3]);
+  if (Nombre < 3) return 2;
   if (std::strcmp(Arguments[1], "depart") == 0) return Depart(Arguments[2]);
-  return Fenetre_Nue(std::atoi(Arguments[1]), std::atoi(Arguments[2]));
+  if (Nombre < 4) return 2;
+  if (std::strcmp(Arguments[1], "boucle") == 0) return Boucle_Nue(Arguments[2], Arguments[3]);
+  return Fenetre_Nue(std::atoi(Arguments[1]), std::atoi(Arguments[2]), std::atoi(Arguments[3]));
 }
