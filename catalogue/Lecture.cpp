@@ -60,6 +60,7 @@ std::vector<std::string> Lecture::Chercher(const std::string& Repertoire, Genre 
     return true;
   });
   std::vector<std::string> Noms;
+  Noms.reserve(Retenus.size());
   for (Candidat& Un : Retenus) Noms.push_back(std::move(Un.Nom));
   return Noms;
 }

@@ -47,7 +47,7 @@ std::string Lire_Champ(Vue_Octets Reponse, std::size_t Avant, Champ_Config Leque
 
 std::string Afficher_Champ(Vue_Octets Reponse, std::size_t Avant, Champ_Config Lequel,
                            Horloge& Temps) {
-  const std::string Brut = Lire_Champ(Reponse, Avant, Lequel);
+  std::string Brut = Lire_Champ(Reponse, Avant, Lequel);
   switch (Lequel) {
     case Champ_Config::TypeLecteur:
       return Rogner(Extraire(Brut, 1, Type_Significatif));
