@@ -1,14 +1,12 @@
-// A GALSS library that accepts everything and times what it is asked. Beside it: attente.txt gives
-// the milliseconds before each answer (none: at once), read at each session; chrono.txt is written
-// with each file's last block.
+// A GALSS library that accepts everything and times what it is asked. In C:\Mesure: attente.txt
+// gives the milliseconds before each answer, read at each session; chrono.txt is written with each
+// file's last block.
 
 #include <windows.h>
 
-#include <algorithm>
 #include <cstdint>
 #include <cstdio>
 #include <cstring>
-#include <string>
 
 namespace {
 
@@ -25,16 +23,6 @@ LONGLONG Tops() {
   return Lus.QuadPart;
 }
 
-std::string A_Cote(const char* Nom) {
-  HMODULE Module = nullptr;
-  GetModuleHandleExA(
-      GET_MODULE_HANDLE_EX_FLAG_FROM_ADDRESS | GET_MODULE_HANDLE_EX_FLAG_UNCHANGED_REFCOUNT,
-      reinterpret_cast<LPCSTR>(&Tops), &Module);
-  char Chemin[MAX_PATH] = {};
-  GetModuleFileNameA(Module, Chemin, MAX_PATH);
-  return std::string(Chemin, std::strrchr(Chemin, '\\') + 1) + Nom;
-}
-
 void Attendre() {
   if (Etat.Attente_Ms == 0) return;
   static const HANDLE Minuterie = CreateWaitableTimerA(nullptr, TRUE, nullptr);
@@ -49,7 +37,7 @@ void Ecrire_Totaux(LONGLONG Fin) {
   LARGE_INTEGER Par_Seconde;
   QueryPerformanceFrequency(&Par_Seconde);
   const double Unite = 1e6 / static_cast<double>(Par_Seconde.QuadPart);
-  FILE* const Sortie = std::fopen(A_Cote("chrono.txt").c_str(), "w");
+  FILE* const Sortie = std::fopen(R"(C:\Mesure\chrono.txt)", "w");
   std::fprintf(Sortie, "%d %.1f %.1f\n", Etat.Blocs, Unite * static_cast<double>(Etat.Dans_Echange),
                Unite * static_cast<double>(Fin - Etat.Premier));
   std::fclose(Sortie);
@@ -69,7 +57,7 @@ static_assert(sizeof Lecteur == 1 + 117 + 1);
 
 OPERATION OuvrirSession(char*, char*, std::int16_t*, std::int16_t*) {
   Etat = {};
-  if (FILE* const Reglage = std::fopen(A_Cote("attente.txt").c_str(), "r")) {
+  if (FILE* const Reglage = std::fopen(R"(C:\Mesure\attente.txt)", "r")) {
     if (std::fscanf(Reglage, "%d", &Etat.Attente_Ms) != 1) Etat.Attente_Ms = 0;
     std::fclose(Reglage);
   }
@@ -98,6 +86,5 @@ OPERATION Echange(std::int16_t, std::int16_t, std::uint8_t* Commande, std::int32
   const LONGLONG Fin = Tops();
   Etat.Dans_Echange += Fin - Debut;
   if ((Commande[4] & 0x10) != 0) Ecrire_Totaux(Fin);
-  if ((Commande[4] & 0x10) != 0) Etat.Blocs = 0, Etat.Dans_Echange = 0;
   return 0;
 }
