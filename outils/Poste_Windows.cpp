@@ -174,13 +174,14 @@ std::vector<Description_Fenetre> Programme_Lance::Fenetres() const {
   return Visibles;
 }
 
-std::vector<Description_Fenetre> Enfants(HWND Fenetre) {
+std::vector<Description_Fenetre> Enfants(HWND Fenetre, int Numero) {
   std::vector<HWND> Tous;
   EnumChildWindows(Fenetre, Noter, reinterpret_cast<LPARAM>(&Tous));
   const HWND Foyer = Foyer_De(Fenetre);
   bool Repond = true;
   std::vector<Description_Fenetre> Decrits;
   for (HWND Un : Tous) {
+    if (Numero != 0 && GetDlgCtrlID(Un) != Numero) continue;
     Description_Fenetre D = Decrire(Un);
     D.Numero = GetDlgCtrlID(Un);
     D.Foyer = Un == Foyer;

@@ -43,7 +43,8 @@ class Programme_Lance {
   DWORD Numero_ = 0;
 };
 
-std::vector<Description_Fenetre> Enfants(HWND Fenetre);
+/// The controls of a window; only those with that identifier unless Numero is 0.
+std::vector<Description_Fenetre> Enfants(HWND Fenetre, int Numero);
 
 /// None when the window's program does not answer in time.
 std::optional<LRESULT> Envoyer(HWND Fenetre, UINT Message, WPARAM W, LPARAM L);

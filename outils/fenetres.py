@@ -21,7 +21,7 @@ def attendre(condition, delai, quoi):
             return valeur
         if time.monotonic() > fin:
             raise AssertionError(f"pas venu en {delai} s : {quoi}")
-        time.sleep(0.03)
+        time.sleep(0.04)
 
 
 @dataclass
@@ -89,9 +89,9 @@ class Fenetre:
                 return self
         raise AssertionError(f"fenêtre {self.titre!r} fermée")
 
-    def controles(self):
-        """Everything inside, by identifier."""
-        articles = self.poste.demander("enfants", self.poignee) or []
+    def controles(self, numero=0):
+        """Everything inside by identifier, or that one control."""
+        articles = self.poste.demander("enfants", self.poignee, numero) or []
         return {c.numero: c for c in (_controle(*a) for a in articles if len(a) > 1)}
 
     def numero(self, nom):
@@ -99,7 +99,8 @@ class Fenetre:
 
     def __getitem__(self, nom):
         """A control as it stands now."""
-        return self.controles()[self.numero(nom)]
+        numero = self.numero(nom)
+        return self.controles(numero)[numero]
 
     def texte(self, nom):
         return self[nom].texte
@@ -151,5 +152,6 @@ class Boite:
 
     def repondre(self, bouton="OK"):
         poste, poignee = self.fenetre.poste, self.fenetre.poignee
-        poste.demander("cliquer", self.fenetre.controles()[BOUTONS[bouton]].poignee)
+        numero = BOUTONS[bouton]
+        poste.demander("cliquer", self.fenetre.controles(numero)[numero].poignee)
         attendre(lambda: all(f.poignee != poignee for f in poste.fenetres()), 5, f"fermeture de {self.titre!r}")

@@ -134,7 +134,10 @@ const std::map<std::wstring, std::function<std::wstring(const Champs&)>> Command
     {L"fin", [](const Champs&) { return Fin(); }},
     {L"tuer", [](const Champs&) { return Programme.Tuer(), Oui(); }},
     {L"fenetres", [](const Champs&) { return Ecrire(Programme.Fenetres()); }},
-    {L"enfants", [](const Champs& A) { return Ecrire(Enfants(Fenetre(A[1]))); }},
+    {L"enfants",
+     [](const Champs& A) {
+       return Ecrire(Enfants(Fenetre(A[1]), static_cast<int>(Nombre(A[2]))));
+     }},
     {L"entrees", [](const Champs& A) { return Lister(Fenetre(A[1])); }},
     {L"cliquer", [](const Champs& A) { return Cliquer(Fenetre(A[1])); }},
     {L"menu", Choisir_Menu},

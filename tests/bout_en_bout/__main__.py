@@ -10,19 +10,18 @@ from pathlib import Path
 
 ICI = Path(__file__).parent
 ENV = {**os.environ, "PYTHONPATH": f"{ICI.parent.parent / 'outils'}:{ICI}", "PYTHONDONTWRITEBYTECODE": "1"}
-DE_FRONT = 4
+DE_FRONT = 6
 
 
 def classes():
     for module in sorted(ICI.glob("essai_*.py")):
-        for nom in re.findall(r"^class (\w+)\((?:Cas|Mise_En_Page|Defauts_Telechargement)\)", module.read_text("utf-8"), re.M):
+        for nom in re.findall(r"^class (\w+)\((?:Cas|Mise_En_Page|Defauts_\w+)\)", module.read_text("utf-8"), re.M):
             if len(sys.argv) == 1 or nom in sys.argv[1:]:
                 yield f"{module.stem}.{nom}"
 
 
 def executer(classe):
-    fini = subprocess.run([sys.executable, "-m", "unittest", "-v", "--durations", "0", classe] if sys.version_info >= (3, 12)
-                          else [sys.executable, "-m", "unittest", "-v", classe],
+    fini = subprocess.run([sys.executable, "-m", "unittest", "-v", classe],
                           env=ENV, cwd=ICI, capture_output=True, text=True, check=False)
     print(fini.stdout + fini.stderr, flush=True)
     executes = int(re.search(r"^Ran (\d+) test", fini.stderr, re.M)[1])

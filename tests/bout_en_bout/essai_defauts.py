@@ -27,24 +27,21 @@ REUSSIS = ["demande 1 : code 64", "bloc 2 : code 64 livre", "appel 1 toujours : 
 class Defauts_Telechargement(Cas):
     base = "famille = telechargement\nnum_version = 0150\n"
     recu = PETITS[APPLI]
+    moitie = 0  # of the cases: two PCs share them
     # Odd answers that this family of frames takes for an agreement; a length is never more than was lent.
     admises = ("nature 99", "longueur capacite+1", "vide", "bloc 2 toujours : longueur 1", "longueur 2147483647")
 
     def test_defauts(self):
         self.lancer(programme=GARDE / "Pavorin.exe")
         self.choisir_manuellement(APPLI)
-        for defaut in REFUSES:
-            self.eprouver(defaut, "refus")
-        for defaut in REUSSIS:
-            self.eprouver(defaut, "succes")
+        cas = [(d, "refus") for d in REFUSES] + [(d, "succes") for d in REUSSIS]
         for defaut in (trame + effet for trame, effets in REPONSES.items() for effet in effets):
             admise = defaut.endswith(self.admises) and "code" not in defaut
-            self.eprouver(defaut, "succes" if admise else "echec")
-
-    def eprouver(self, defaut, verdict):
-        with self.subTest(defaut):
-            self.assertEqual(self.charger(defaut), verdict, self.poste.trace()[-1500:] + self.volet())
-            self.verifier_calme()
+            cas.append((defaut, "succes" if admise else "echec"))
+        for defaut, verdict in cas[self.moitie::2]:
+            with self.subTest(defaut):
+                self.assertEqual(self.charger(defaut), verdict, self.poste.trace()[-1500:] + self.volet())
+                self.verifier_calme()
 
     def charger(self, defaut):
         """One update under a fault; how it ended."""
@@ -87,7 +84,15 @@ class Defauts_Telechargement(Cas):
         self.attendre_volet("mise à jour stoppée par l'utilisateur\nArrêt du Galss\n")
 
 
+class Defauts_Telechargement_Suite(Defauts_Telechargement):
+    moitie = 1
+
+
 class Defauts_Chargement(Defauts_Telechargement):
     base = "famille = chargement\nnum_version = 0200\n"
     recu = PETITS[APPLI][:-3]
     admises = ("longueur capacite+1", "longueur 2147483647")
+
+
+class Defauts_Chargement_Suite(Defauts_Chargement):
+    moitie = 1
