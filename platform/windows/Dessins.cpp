@@ -42,7 +42,8 @@ void Peindre_Lecteur(Toile& T) {
   T.Pave({9.5, 4.5}, {22.5, 10.5}, 0.8, Bleu_Profond);
   T.Trace({{11.5, 7.5}, {18, 7.5}}, 1.4, Blanc);
   for (int Touche = 0; Touche < 6; ++Touche) {
-    const double X = 10 + 4.5 * (Touche % 3), Y = 12.5 + 3.4 * (Touche / 3);
+    const int Rangee = Touche / 3;
+    const double X = 10 + 4.5 * (Touche % 3), Y = 12.5 + 3.4 * Rangee;
     T.Pave({X, Y}, {X + 3, Y + 2.2}, 0.6, Gris_Moyen);
   }
   T.Trace({{10, 21}, {22, 21}}, 1.2, Encre);

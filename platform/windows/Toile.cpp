@@ -114,9 +114,9 @@ void Toile::Trace(std::initializer_list<Point_Grille> Points, double Epaisseur, 
   std::vector<POINT> Sommets;
   for (const Point_Grille& Un : Points) Sommets.push_back(Point(Un));
   const LOGBRUSH Encre{BS_SOLID, En_Colorref(Teinte), 0};
+  // Alone: solid, with round ends and joins.
   const Objet_Gdi<HPEN> Plume(
-      ExtCreatePen(PS_GEOMETRIC | PS_SOLID | PS_ENDCAP_ROUND | PS_JOIN_ROUND,
-                   static_cast<DWORD>(Longueur(Epaisseur)), &Encre, 0, nullptr));
+      ExtCreatePen(PS_GEOMETRIC, static_cast<DWORD>(Longueur(Epaisseur)), &Encre, 0, nullptr));
   const Selection_Gdi Choisie(Dc_, Plume.get());
   Polyline(Dc_, Sommets.data(), static_cast<int>(Sommets.size()));
 }
