@@ -174,8 +174,20 @@ bool Mise_A_Jour::Finir(Transfert& T, bool Reussi) {
   return Reussi;
 }
 
-// Only inside a catch block. No pause, no disconnection; the pointer stays as it is.
+// Only inside a catch block. No pause, no disconnection; the pointer stays as it is. A failure of
+// the announcement itself (no memory left for a line or a box) must not keep the window disabled.
 bool Mise_A_Jour::Abandonner(Transfert& T) {
+  try {
+    Annoncer_Abandon(T);
+  } catch (const std::exception&) {
+    T.Fichier.reset();
+  }
+  if (FrmAnimCharg_.Ouverte()) FrmAnimCharg_.Fermer();
+  FMain_.CmdQuitter.Active(true);
+  return false;
+}
+
+void Mise_A_Jour::Annoncer_Abandon(Transfert& T) {
   const Erreur Cause = Erreur_En_Cours();
   Journal_.Ligne_Horodatee(Cause.Description() + " " + std::to_string(Cause.Numero()));
   if (T.Fichier_Ouvert_Une_Fois) {
@@ -186,9 +198,6 @@ bool Mise_A_Jour::Abandonner(Transfert& T) {
     Ecran_.Boite_Message("Vérifiez l'installation du service SESAM-Vitale (GALSS).", Boutons::Ok,
                          Icone::Information, "Télécharger");
   }
-  if (FrmAnimCharg_.Ouverte()) FrmAnimCharg_.Fermer();
-  FMain_.CmdQuitter.Active(true);
-  return false;
 }
 
 void Mise_A_Jour::Pause(double Secondes) {

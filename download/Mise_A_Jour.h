@@ -43,6 +43,7 @@ class Mise_A_Jour {
   void Echouer(Transfert& T);
   bool Finir(Transfert& T, bool Reussi);
   bool Abandonner(Transfert& T);
+  void Annoncer_Abandon(Transfert& T);
   void Pause(double Secondes);
 
   Systeme_Fichiers& Disque_;
