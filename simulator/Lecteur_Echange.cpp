@@ -198,7 +198,8 @@ std::int16_t Lecteur_Simule::Echange(std::int16_t Session, std::int16_t Nombre_F
   }
   if (R.Code == Abandon_Materiel && !S.Repetee) {
     S.Laissee.assign(Envoyee.begin(), Envoyee.end());
-    S.Longueur_Reponse = Longueur_Reponse;
+    // The program lends no more than its buffer, whatever it was left.
+    S.Longueur_Reponse = static_cast<std::int32_t>(Borner(Longueur_Reponse, Reponse.size()));
     Suspendu_ = std::move(S);
   } else {
     Terminer(Trame, Vaut_Accord(Trame, R.Code, Reponse, Longueur_Reponse), Reponse);
