@@ -81,7 +81,7 @@ struct Disque_De_Test : Systeme_Fichiers {
     ~Lecteur_Fichier() override { --Disque.Ouverts; }
     void Lire(std::span<std::uint8_t> Donnees) override {
       Disque.Pannes_.Passer("Lire");
-      const Octets& Contenu = Disque.Fichiers.at(Chemin);
+      const Octets& Contenu = Disque.Trouver(Chemin);
       if (Place + Donnees.size() > Contenu.size()) throw Erreur(62, "Lecture au-delà de la fin");
       std::copy_n(Contenu.begin() + static_cast<std::ptrdiff_t>(Place), Donnees.size(),
                   Donnees.begin());
@@ -109,15 +109,20 @@ struct Disque_De_Test : Systeme_Fichiers {
   std::unique_ptr<Fichier_Ouvert> Ouvrir(std::string_view Chemin) override {
     Pannes_.Passer("Ouvrir_Fichier");
     Trouver(Chemin);
+    Ouvertures.emplace_back(Chemin);
     return std::make_unique<Lecteur_Fichier>(*this, std::string(Chemin));
   }
-  std::vector<std::string> Lecteurs() override { return {"C:\\", "D:\\"}; }
+  std::vector<std::string> Lecteurs() override {
+    Pannes_.Passer("Lecteurs");
+    return {"C:\\", "D:\\"};
+  }
   std::vector<std::string> Sous_Repertoires(std::string_view Repertoire) override {
     Pannes_.Passer("Sous_Repertoires");
     return Repertoire == "C:\\Pavorin" ? std::vector<std::string>{"Logiciels", "Vide"}
                                        : std::vector<std::string>();
   }
   std::string Repertoire_Courant(std::string_view Lecteur) override {
+    Pannes_.Passer("Repertoire_Courant");
     return Lecteur.empty() || Lecteur == "C:\\" ? "C:\\Pavorin" : std::string(Lecteur);
   }
 
@@ -127,14 +132,15 @@ struct Disque_De_Test : Systeme_Fichiers {
     Fichiers[Chemin] = std::move(Contenu);
   }
   const Octets& Trouver(std::string_view Chemin) const {
-    const auto Trouve = Fichiers.find(std::string(Chemin));
+    const auto Trouve = Fichiers.find(Chemin);
     if (Trouve == Fichiers.end()) throw Erreur(53, "Fichier introuvable");
     return Trouve->second;
   }
 
   Pannes& Pannes_;
   std::vector<std::string> Ordre;
-  std::map<std::string, Octets> Fichiers;
+  std::map<std::string, Octets, std::less<>> Fichiers;
+  std::vector<std::string> Ouvertures;  // paths, in order
   int Ouverts = 0;
 };
 
@@ -231,6 +237,22 @@ struct Port_De_Test : Port_Serie {
   bool Ouvert_ = false, Absent = false;
 };
 
+/// The simulated reader, overheard.
+struct Galss_De_Test : Galss_Simulee {
+  using Galss_Simulee::Galss_Simulee;
+  std::int16_t Echange(std::int16_t Session, std::int16_t Nombre, Octets& Commande,
+                       std::int32_t& Longueur_Commande, Octets& Reponse,
+                       std::int32_t& Longueur_Reponse) override {
+    const Octets Envoyee = Apres_Echange ? Commande : Octets();
+    const auto Code = Galss_Simulee::Echange(Session, Nombre, Commande, Longueur_Commande, Reponse,
+                                             Longueur_Reponse);
+    if (Apres_Echange) Apres_Echange(Envoyee, Code, Reponse, Longueur_Reponse);
+    return Code;
+  }
+  /// Told of every exchange that returned: the command as sent, then what came back.
+  std::function<void(Vue_Octets, std::int16_t, Vue_Octets, std::int32_t)> Apres_Echange;
+};
+
 /// The whole program on its machine, started by Demarrer.
 struct Poste_De_Test {
   explicit Poste_De_Test(std::string_view Texte_Scenario = "")
@@ -248,7 +270,7 @@ struct Poste_De_Test {
   Processus_De_Test Processus{Pannes_};
   Port_De_Test Port{Temps, Pannes_};
   Lecteur_Simule Lecteur;
-  Galss_Simulee Galss{Lecteur};
+  Galss_De_Test Galss{Lecteur};
   Application App{Machine{Galss, Processus, Profil, Disque, Port, Temps, Ecran}};
 };
 

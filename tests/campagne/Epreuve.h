@@ -1,0 +1,110 @@
+#pragma once
+// One case of the campaign: a scenario played by the whole program, perturbed where the case's name
+// says, then judged by the simulated reader and by the calls seen, and at last a clean run of the
+// same scenario in the same process.
+//
+// Name: "SCENARIO/PERTURBATION,PERTURBATION...". A perturbation is "APPEL_RANG:EFFET" or
+// "APPEL_RANG!:EFFET" (from that call on); APPEL is a platform call (Lire_2:erreur_62) or a target
+// of the simulated reader, whose own words follow (bloc_3:refus_50). "lecteur:LIGNE" adds a line to
+// the reader's scenario.
+//
+// A file whose last acknowledgement is lost is in the reader although nobody can know it: there,
+// "Chargement Réussi." is wrong. It must be shown exactly when the reader holds the whole file and
+// its consent reached the program.
+
+#include <optional>
+
+#include "simulator/Lecteur_Serie.h"
+#include "tests/Machine_De_Test.h"
+#include "tests/campagne/Operateur.h"
+
+class Epreuve;
+
+struct Scenario_Campagne {
+  std::string_view Nom, Lecteur;
+  std::size_t Noyau, Appli;  ///< sizes of the files in the directory, 0 for none
+  void (*Preparer)(Epreuve&);
+  void (*Jouer)(Epreuve&);
+  bool Mise_A_Jour;
+};
+extern const std::vector<Scenario_Campagne> Scenarios_Campagne;
+
+struct Bilan {
+  std::vector<std::string> Plaintes;
+  std::map<std::string, int, std::less<>> Appels;
+  std::vector<Cible> Operations;                  ///< of the library, in order
+  std::vector<std::vector<std::string>> Actions;  ///< allowed at each yield, when asked for
+  bool Impossible = false;  ///< an action that the windows did not allow at that moment
+  std::size_t Empreinte = 0;                      ///< of all that could be seen
+};
+
+class Epreuve : public Poste_De_Test {
+ public:
+  explicit Epreuve(const std::string& Nom);
+
+  /// Before Passer: a file more, or other settings (cp1252 bytes).
+  void Poser_Fichier(const std::string& Chemin, std::size_t Taille);
+  void Poser_Reglage(const std::string& Texte);
+
+  Bilan Passer();
+  bool Relever_Actions = false;
+  /// The reader's, the disk's and the line's own state again.
+  void Retablir();
+  void Rechoisir_Repertoire();
+
+  /// What the operator does, as a window procedure runs it: a failure stops there.
+  void Agir(const std::function<void()>& Action);
+  void Mettre_A_Jour() {
+    Agir([this] { FMain.CmdMaj.Cliquer(); });
+  }
+  void Tester() {
+    Agir([this] { FMain.MnLecteur.Cliquer(); });
+  }
+
+  const Scenario_Campagne& Choix;
+  Fenetre_Principale& FMain = App.F.FMain;
+  bool Arrete = false;
+
+ private:
+  struct Perturbation {
+    std::string Appel, Effet;
+    int Rang, Valeur;
+    bool Toujours;
+    mutable bool Frappe = false;
+  };
+  struct Faits {
+    int Refus = 0, Reussis = 0, Noyaux_Sans_Suite = 0, Lectures = 0;  // of the reader
+    int Levees_Dehors = 0, Levees_Connecte = 0, Levees_Dedans = 0,
+        Levees_Fin = 0;  // raised to the program
+    int Succes_Montres = 0, Erreurs_Montrees = 0, Echappees = 0, Clics = 0;
+    bool Connecte = false, Sans_Traitant = false, Noyau_En_Cours = false, Quitter_Eteint = false;
+    double Debut = 0;
+    int Fins = 0, Fermetures = 0;  // calls of the library before this run
+    std::size_t Fichiers = 0, Fautes = 0;
+  };
+
+  void Passer_Appel(std::string_view Appel);
+  void Frapper(const Perturbation& P, std::string_view Appel);
+  [[noreturn]] void Lever(const Perturbation& P, std::string_view Appel);
+  void Voir_Echange(Vue_Octets Commande, std::int16_t Code, Vue_Octets Reponse, std::int32_t Long);
+  void Voir_Details();
+  void Jouer();
+  void Exiger(bool Vrai, const std::string& Plainte);
+  void Juger_Lecteur();
+  void Juger_Session();
+  void Juger_Poste();
+  void Reprendre();
+
+  std::vector<Perturbation> Perturbations_;
+  Lecteur_Serie Serie_;
+  const bool Lecteur_Change_, Melange_, Operateur_;
+  Faits Vus_;
+  Bilan Bilan_;
+  std::optional<Octets> A_Repeter_;
+  Cible Operation_ = Cible::Appel;
+  std::string Details_;
+  Octets Ancien_Reglage_;
+  std::vector<std::string> Ordre_;
+  std::map<std::string, Octets, std::less<>> Fichiers_;
+  bool Reprise_ = false;
+};
