@@ -1,0 +1,10 @@
+// The settings file's text into the start-up.
+
+#include "fuzz/Entree.h"
+
+extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* Donnees, std::size_t Taille) {
+  Epreuve E("demarrage");
+  E.Poser_Reglage({Donnees, Donnees + Taille});
+  Exiger_Sans_Plainte(E, "demarrage");
+  return 0;
+}
