@@ -82,9 +82,10 @@ void Pair_Natif::Actualiser(Propriete Quoi) {
   }
 }
 
+// What has not changed is painted already, and asking the system for it costs as much as painting.
 void Pair_Natif::Repeindre() {
   // Of a null handle Windows would paint the whole screen.
-  if (Poignee_ != nullptr) UpdateWindow(Poignee_);
+  if (Poignee_ != nullptr && std::exchange(A_Peindre_, false)) UpdateWindow(Poignee_);
 }
 
 void Pair_Natif::Disposer() {
@@ -106,6 +107,7 @@ void Pair_Natif::Actualiser_Texte() {
     Envoyer(WM_SETFONT, reinterpret_cast<WPARAM>(Police_));
   }
   SetWindowTextW(Poignee_, Texte.c_str());
+  A_Peindre_ = true;
   Texte_ = std::move(Texte);
 }
 
@@ -114,6 +116,7 @@ void Pair_Natif::Actualiser_Visible() {
   const bool Montre = Controle_.Visible() && (Parent == nullptr || Parent->Visible());
   const bool Avant = (GetWindowLongW(Poignee_, GWL_STYLE) & WS_VISIBLE) != 0;
   if (Montre == Avant) return;
+  A_Peindre_ = true;
   if (!Montre) Lieu_.Clavier.Ceder(Poignee_);
   ShowWindow(Poignee_, Montre ? SW_SHOWNA : SW_HIDE);
   if (Montre) Lieu_.Clavier.Rendre(Poignee_);
@@ -121,6 +124,7 @@ void Pair_Natif::Actualiser_Visible() {
 
 void Pair_Natif::Actualiser_Active() {
   const bool Oui = Controle_.Active();
+  A_Peindre_ = true;
   if (!Oui) Lieu_.Clavier.Ceder(Poignee_);
   EnableWindow(Poignee_, Oui);
   if (Oui) Lieu_.Clavier.Rendre(Poignee_);
@@ -158,6 +162,7 @@ void Pair_Natif::Passer_Dessous(HWND Autre) const {
   SetWindowPos(Poignee_, Autre, 0, 0, 0, 0, SWP_NOMOVE | SWP_NOSIZE | SWP_NOACTIVATE);
 }
 
-void Pair_Natif::Invalider() const {
+void Pair_Natif::Invalider() {
+  A_Peindre_ = true;
   if (Poignee_ != nullptr) InvalidateRect(Poignee_, nullptr, TRUE);
 }

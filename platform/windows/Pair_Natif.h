@@ -77,7 +77,7 @@ class Pair_Natif : public Pair_Controle {
   RECT Place() const;
   int Pixels_96(int Longueur) const { return Lieu_.Mesure.Depuis_96(Longueur); }
   const Conception& Look() const { return Controle_.Depart(); }
-  void Invalider() const;
+  void Invalider();
 
   Surface& Lieu_;
 
@@ -94,4 +94,5 @@ class Pair_Natif : public Pair_Controle {
   HFONT Police_ = nullptr;
   std::wstring Texte_;  // as shown
   bool Nomme_ = false;
+  bool A_Peindre_ = true;  // changed since it was last painted at once
 };
