@@ -66,13 +66,28 @@ class Banc:
         self.pc.installer("Mesure", fichiers=fichiers, dll=self.dll, ini=ini, programme=self.programme)
         (self.pc.dossier / "attente.txt").write_text(str(attente))
         self.principale = self.pc.lancer()
+        self.trouver("Pavorin.exe")
+
+    def trouver(self, nom):
         prefixe = f"WINEPREFIX={self.pc.prefixe}".encode()
         for dossier in Path("/proc").glob("[0-9]*"):
             try:
-                if (dossier / "comm").read_text() == "Pavorin.exe\n" and prefixe in (dossier / "environ").read_bytes():
+                if (dossier / "comm").read_text() == nom + "\n" and prefixe in (dossier / "environ").read_bytes():
                     self.proc = dossier
             except OSError:
                 continue
+
+    def attentes_au_depart(self, commande, nom):
+        """How often a program waited for another one, the window server above all, until it was started."""
+        self.pc.demander("lancer", "C:\\", commande)
+        time.sleep(1.5)
+        self.trouver(nom)
+        nombre, avant = 0, -100
+        while nombre - avant > 30:  # a caret goes on blinking
+            time.sleep(0.7)
+            nombre, avant = int((self.proc / "status").read_text().split("\nvoluntary_ctxt_switches:")[1].split()[0]), nombre
+        self.pc.tuer()
+        return nombre
 
     def mettre_a_jour(self, reponse):
         self.principale.cliquer("CmdMaj")
@@ -168,6 +183,11 @@ def depart(b):
     ligne("start: usable with 26 files of each kind", pret["26"], "ms")
     ligne("start:   beside a bare window of the same size", pret["26"] / pret["bare"], "times", 1.3)
     ligne(f"start:   beside that window with {controles} plain labels", pret["26"] / pret["labels"], "times")
+    nue = b.attentes_au_depart(cas["bare"], "temoin.exe")
+    b.pc.installer("Mesure", fichiers=vingt_six, dll=b"", programme=b.programme)
+    ligne("start:   waits for the window server, beside the bare window", b.attentes_au_depart(r"C:\Mesure\Pavorin.exe", "Pavorin.exe")
+          / nue, "times")
+    ligne("start:   waits of the bare window", nue, "")
     for nom in ("absent", "100 000"):
         ligne(f"start: window visible, directory: {nom}, beside 26 files", visible[nom] / visible["26"], "times", 1.15)
 
