@@ -388,3 +388,22 @@ Bilan Epreuve::Passer() {
   Premier.Plaintes = std::move(Bilan_.Plaintes);
   return Premier;
 }
+
+std::size_t Epreuve::Repeter(int Fois, std::size_t (*Mesurer)()) {
+  Pannes_.Avant = {};
+  Lecteur.Avant_Appel = {};
+  for (int I = 0; I < Fois; ++I) {
+    Retablir();
+    App.F.FrmResultParam.CmdOK.Cliquer();
+    Rechoisir_Repertoire();
+    Mettre_A_Jour();
+    Tester();
+  }
+  const auto Vider = [](auto&... Journaux) {
+    ((Journaux = std::remove_reference_t<decltype(Journaux)>()), ...);
+  };
+  Vider(Ecran.Boites, Port.Conversation, Port.Arrivees, Disque.Ouvertures, Processus.Termines);
+  std::size_t Recus = Lecteur.Fichiers().capacity() * sizeof(Fichier_Recu);
+  for (const auto& F : Lecteur.Fichiers()) Recus += F.Contenu.capacity();
+  return Mesurer() - Recus;
+}

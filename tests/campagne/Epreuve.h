@@ -34,8 +34,8 @@ struct Bilan {
   std::map<std::string, int, std::less<>> Appels;
   std::vector<Cible> Operations;                  ///< of the library, in order
   std::vector<std::vector<std::string>> Actions;  ///< allowed at each yield, when asked for
-  bool Impossible = false;  ///< an action that the windows did not allow at that moment
-  std::size_t Empreinte = 0;                      ///< of all that could be seen
+  bool Impossible = false;    ///< an action that the windows did not allow at that moment
+  std::size_t Empreinte = 0;  ///< of all that could be seen
 };
 
 class Epreuve : public Poste_De_Test {
@@ -47,6 +47,9 @@ class Epreuve : public Poste_De_Test {
   void Poser_Reglage(const std::string& Texte);
 
   Bilan Passer();
+  /// That many updates and tests; answers what the program holds then, the test's own records left
+  /// out. Mesurer: bytes allocated.
+  std::size_t Repeter(int Fois, std::size_t (*Mesurer)());
   bool Relever_Actions = false;
   /// The reader's, the disk's and the line's own state again.
   void Retablir();
