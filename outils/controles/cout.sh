@@ -33,8 +33,8 @@ juger() {
 
 compter 'Transfert|Boucle_Nue'
 nue=$(instructions Envoi_Nu)
-juger "a block, first family, beside the bare loop" "$(instructions ::Telecharger_Fichier)" "$nue" 4.5
-juger "a block, second family, beside the bare loop" "$(instructions ::Charger_Fichier)" "$nue" 5
+juger "a block, first family, beside the bare loop" "$(instructions ::Telecharger_Fichier)" "$nue" 5
+juger "a block, second family, beside the bare loop" "$(instructions ::Charger_Fichier)" "$nue" 6
 compter '(Catalogue|Enumeration_Nue)/100$'
 cent=$(instructions Lecture_Repertoire)
 compter '(Catalogue|Enumeration_Nue)/1000$'
