@@ -39,8 +39,7 @@ inline void Repondre(Entree Donnees, std::string Nom, std::string_view Cible) {
   for (int I = 0; I < 12 && !Donnees.Vide(); ++I) {
     const int Choix = Donnees.Octet();
     Nom += (I == 0 ? "/" : ",") + std::string(Cible) + "_" + std::to_string(1 + Choix % 16) + ":";
-    if ((Choix & 16) != 0)
-      Nom += "code_" + std::to_string(static_cast<std::int8_t>(Donnees.Octet())) + "_";
+    if ((Choix & 16) != 0) Nom += "code_" + std::to_string(static_cast<std::int8_t>(Donnees.Octet())) + "_";
     if ((Choix & 32) != 0) {
       const int Haut = static_cast<std::int8_t>(Donnees.Octet());
       Nom += "longueur_" + std::to_string(Haut * 256 + Donnees.Octet()) + "_";

@@ -8,8 +8,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* Donnees, std::size_t T
   for (int I = 0; I < 40 && !Reste.Vide(); ++I) {
     const int Choix = Reste.Octet();
     const std::string Debut = (Choix & 1) != 0 ? "Fexa" : (Choix & 2) != 0 ? "E" : "";
-    std::string Nom = Debut + Reste.Texte(static_cast<std::size_t>(Choix >> 3)) +
-                      ((Choix & 4) != 0 ? ".ing" : "");
+    std::string Nom = Debut + Reste.Texte(static_cast<std::size_t>(Choix >> 3)) + ((Choix & 4) != 0 ? ".ing" : "");
     std::replace(Nom.begin(), Nom.end(), '\\', '_');
     E.Poser_Fichier("C:\\Pavorin\\" + Nom, 600);
   }

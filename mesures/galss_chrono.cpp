@@ -73,8 +73,8 @@ OPERATION FermerSession(std::int16_t, std::int16_t*) {
   return 0;
 }
 
-OPERATION Echange(std::int16_t, std::int16_t, std::uint8_t* Commande, std::int32_t*,
-                  std::uint8_t* Reponse, std::int32_t* Longueur_Reponse) {
+OPERATION Echange(std::int16_t, std::int16_t, std::uint8_t* Commande, std::int32_t*, std::uint8_t* Reponse,
+                  std::int32_t* Longueur_Reponse) {
   const LONGLONG Debut = Tops();
   Attendre();
   const std::uint8_t Ordre = Commande[3];  // 94 configuration, 99 request, 98 block

@@ -21,8 +21,7 @@ constexpr std::size_t Donnees_Par_Bloc = 2043;
 void Transfert(benchmark::State& Etat) {
   Transfert_Immediat T(Taille);
   for (auto _ : Etat) benchmark::DoNotOptimize(T.Executer(Etat.range(0) != 0));
-  Etat.SetItemsProcessed(Etat.iterations() *
-                         static_cast<std::int64_t>(Taille / Donnees_Par_Bloc + 1));
+  Etat.SetItemsProcessed(Etat.iterations() * static_cast<std::int64_t>(Taille / Donnees_Par_Bloc + 1));
 }
 BENCHMARK(Transfert)->ArgName("chargement")->Arg(0)->Arg(1);
 
@@ -42,16 +41,14 @@ BENCHMARK(Transfert)->ArgName("chargement")->Arg(0)->Arg(1);
 void Boucle_Nue(benchmark::State& Etat) {
   Transfert_Immediat T(Taille);
   for (auto _ : Etat) Envoi_Nu(T);
-  Etat.SetItemsProcessed(Etat.iterations() *
-                         static_cast<std::int64_t>(Taille / Donnees_Par_Bloc + 1));
+  Etat.SetItemsProcessed(Etat.iterations() * static_cast<std::int64_t>(Taille / Donnees_Par_Bloc + 1));
 }
 BENCHMARK(Boucle_Nue);
 
 /// A real directory, searched by the system.
 struct Disque_Systeme : Disque_De_Test {
   using Disque_De_Test::Disque_De_Test;
-  void Chercher(std::string_view, std::string_view,
-                const std::function<bool(std::string_view)>& Visiter) override {
+  void Chercher(std::string_view, std::string_view, const std::function<bool(std::string_view)>& Visiter) override {
     DIR* Dossier = opendir(Chemin.c_str());
     while (const dirent* Entree = readdir(Dossier)) {
       if (!Visiter(Entree->d_name)) break;
@@ -114,8 +111,7 @@ void Decision(benchmark::State& Etat) {
   V.Version_Appli = "0300";
   V.Version_Noyau = "05";
   const Octets Reponse = Reponse_Bifente();
-  for (auto _ : Etat)
-    benchmark::DoNotOptimize(Decider_Chargement(Reponse, {true, "k.ing", "a.ing"}, V));
+  for (auto _ : Etat) benchmark::DoNotOptimize(Decider_Chargement(Reponse, {true, "k.ing", "a.ing"}, V));
 }
 BENCHMARK(Decision);
 
@@ -133,8 +129,7 @@ void Enregistrement_Decode(benchmark::State& Etat) {
   const Octets Reponse = Reponse_Bifente();
   for (auto _ : Etat) {
     for (int I = 0; I < 9; ++I) {
-      benchmark::DoNotOptimize(
-          Afficher_Champ(Reponse, Avant_Config_Galss, static_cast<Champ_Config>(I), Temps));
+      benchmark::DoNotOptimize(Afficher_Champ(Reponse, Avant_Config_Galss, static_cast<Champ_Config>(I), Temps));
     }
   }
 }

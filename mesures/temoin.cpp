@@ -29,11 +29,11 @@ int Fenetre_Nue(int Largeur, int Hauteur, int Etiquettes) {
   Classe.hbrBackground = GetSysColorBrush(COLOR_BTNFACE);
   Classe.lpszClassName = "Nue";
   RegisterClassA(&Classe);
-  const HWND Nue = CreateWindowA("Nue", "Nue", WS_OVERLAPPEDWINDOW, 0, 0, Largeur, Hauteur, nullptr,
-                                 nullptr, Classe.hInstance, nullptr);
+  const HWND Nue = CreateWindowA("Nue", "Nue", WS_OVERLAPPEDWINDOW, 0, 0, Largeur, Hauteur, nullptr, nullptr,
+                                 Classe.hInstance, nullptr);
   for (int I = 0; I < Etiquettes; ++I) {
-    CreateWindowA("STATIC", "Etiquette", WS_CHILD | WS_VISIBLE, I % 5 * 120, I / 5 * 30, 110, 25,
-                  Nue, nullptr, Classe.hInstance, nullptr);
+    CreateWindowA("STATIC", "Etiquette", WS_CHILD | WS_VISIBLE, I % 5 * 120, I / 5 * 30, 110, 25, Nue, nullptr,
+                  Classe.hInstance, nullptr);
   }
   ShowWindow(Nue, SW_SHOWNORMAL);
   SetForegroundWindow(Nue);
@@ -43,12 +43,11 @@ int Fenetre_Nue(int Largeur, int Hauteur, int Etiquettes) {
 }
 
 int Boucle_Nue(const char* Dll, const char* Chemin) {
-  using Un_Echange = std::int16_t __stdcall(std::int16_t, std::int16_t, std::uint8_t*,
-                                            std::int32_t*, std::uint8_t*, std::int32_t*);
-  auto* const Echange = reinterpret_cast<Un_Echange*>(
-      reinterpret_cast<void*>(GetProcAddress(LoadLibraryA(Dll), "Echange")));
-  const HANDLE Fichier =
-      CreateFileA(Chemin, GENERIC_READ, FILE_SHARE_READ, nullptr, OPEN_EXISTING, 0, nullptr);
+  using Un_Echange =
+      std::int16_t __stdcall(std::int16_t, std::int16_t, std::uint8_t*, std::int32_t*, std::uint8_t*, std::int32_t*);
+  auto* const Echange =
+      reinterpret_cast<Un_Echange*>(reinterpret_cast<void*>(GetProcAddress(LoadLibraryA(Dll), "Echange")));
+  const HANDLE Fichier = CreateFileA(Chemin, GENERIC_READ, FILE_SHARE_READ, nullptr, OPEN_EXISTING, 0, nullptr);
   DWORD Reste = GetFileSize(Fichier, nullptr);
   std::uint8_t Trame[5 + 2043] = {1, 0, 0, 0x98, 1}, Reponse[2];
   while (Reste > 0) {
@@ -81,8 +80,7 @@ int Depart(char* Commande) {
   Infos.cb = sizeof Infos;
   PROCESS_INFORMATION Lance{};
   const double Debut = Microsecondes();
-  if (!CreateProcessA(nullptr, Commande, nullptr, nullptr, FALSE, 0, nullptr, nullptr, &Infos,
-                      &Lance)) {
+  if (!CreateProcessA(nullptr, Commande, nullptr, nullptr, FALSE, 0, nullptr, nullptr, &Infos, &Lance)) {
     return 1;
   }
   Recherche R{Lance.dwProcessId, nullptr};

@@ -31,14 +31,13 @@ struct Transfert_Immediat : Poste_De_Test {
   }
   bool Executer(bool Chargement) {
     App.F.FMain.TxtDetails.Texte("");
-    return Chargement ? Transferts.Charger_Fichier(Chemin)
-                      : Transferts.Telecharger_Fichier(Chemin, false);
+    return Chargement ? Transferts.Charger_Fichier(Chemin) : Transferts.Telecharger_Fichier(Chemin, false);
   }
   const std::string Chemin = "C:\\Pavorin\\E0300.ing";
   Galss_Immediate Immediate;
   Session_Galss Session;
   Liaison_Galss Liaison{Immediate, Session};
   Connect_Deconnect Connexions{Immediate, Session, App.F.FMain.TxtDetails};
-  Mise_A_Jour Transferts{Machine{Immediate, Processus, Profil, Disque, Port, Temps, Ecran}, App.F,
-                         App.Globales, Liaison, Connexions};
+  Mise_A_Jour Transferts{Machine{Immediate, Processus, Profil, Disque, Port, Temps, Ecran}, App.F, App.Globales,
+                         Liaison, Connexions};
 };

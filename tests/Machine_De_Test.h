@@ -37,9 +37,8 @@ struct Horloge_De_Test : Horloge {
   std::string Heure_Du_Jour() override { return "14:30:05"; }
   double Secondes() override { return Maintenant; }
   std::string Nom_Mois(int Mois) override {
-    constexpr const char* Noms[] = {"janvier",   "février", "mars",     "avril",
-                                    "mai",       "juin",    "juillet",  "août",
-                                    "septembre", "octobre", "novembre", "décembre"};
+    constexpr const char* Noms[] = {"janvier", "février", "mars",      "avril",   "mai",      "juin",
+                                    "juillet", "août",    "septembre", "octobre", "novembre", "décembre"};
     return Noms[Mois - 1];
   }
 };
@@ -48,8 +47,7 @@ struct Ecran_De_Test : Fenetrage {
   explicit Ecran_De_Test(Horloge_De_Test& H, Pannes& P) : Temps(H), Pannes_(P) {}
 
   Pair_Fenetre* Creer(Fenetre&) override { return nullptr; }
-  Reponse Boite_Message(std::string_view Texte, Boutons Choix, Icone,
-                        std::string_view Titre) override {
+  Reponse Boite_Message(std::string_view Texte, Boutons Choix, Icone, std::string_view Titre) override {
     Boites.push_back(std::string(Titre) + " | " + std::string(Texte));
     Pannes_.Passer("Boite_Message");
     if (A_La_Boite) A_La_Boite();
@@ -75,16 +73,13 @@ struct Disque_De_Test : Systeme_Fichiers {
   explicit Disque_De_Test(Pannes& P) : Pannes_(P) {}
 
   struct Lecteur_Fichier : Fichier_Ouvert {
-    Lecteur_Fichier(Disque_De_Test& D, std::string C) : Disque(D), Chemin(std::move(C)) {
-      ++Disque.Ouverts;
-    }
+    Lecteur_Fichier(Disque_De_Test& D, std::string C) : Disque(D), Chemin(std::move(C)) { ++Disque.Ouverts; }
     ~Lecteur_Fichier() override { --Disque.Ouverts; }
     void Lire(std::span<std::uint8_t> Donnees) override {
       Disque.Pannes_.Passer("Lire");
       const Octets& Contenu = Disque.Trouver(Chemin);
       if (Place + Donnees.size() > Contenu.size()) throw Erreur(62, "Lecture au-delà de la fin");
-      std::copy_n(Contenu.begin() + static_cast<std::ptrdiff_t>(Place), Donnees.size(),
-                  Donnees.begin());
+      std::copy_n(Contenu.begin() + static_cast<std::ptrdiff_t>(Place), Donnees.size(), Donnees.begin());
       Place += Donnees.size();
     }
     Disque_De_Test& Disque;
@@ -98,8 +93,7 @@ struct Disque_De_Test : Systeme_Fichiers {
     Pannes_.Passer("Chercher");
     for (const auto& Chemin : Ordre) {
       const auto Coupe = Chemin.rfind('\\') + 1;
-      if (Chemin.substr(0, Coupe) == Repertoire && !Visiter(std::string_view(Chemin).substr(Coupe)))
-        return;
+      if (Chemin.substr(0, Coupe) == Repertoire && !Visiter(std::string_view(Chemin).substr(Coupe))) return;
     }
   }
   std::int64_t Taille(std::string_view Chemin) override {
@@ -118,8 +112,7 @@ struct Disque_De_Test : Systeme_Fichiers {
   }
   std::vector<std::string> Sous_Repertoires(std::string_view Repertoire) override {
     Pannes_.Passer("Sous_Repertoires");
-    return Repertoire == "C:\\Pavorin" ? std::vector<std::string>{"Logiciels", "Vide"}
-                                       : std::vector<std::string>();
+    return Repertoire == "C:\\Pavorin" ? std::vector<std::string>{"Logiciels", "Vide"} : std::vector<std::string>();
   }
   std::string Repertoire_Courant(std::string_view Lecteur) override {
     Pannes_.Passer("Repertoire_Courant");
@@ -146,15 +139,13 @@ struct Disque_De_Test : Systeme_Fichiers {
 
 struct Profil_De_Test : Profil_Prive {
   explicit Profil_De_Test(Pannes& P) : Pannes_(P) {}
-  Octets Lire(std::string_view Chemin, std::string_view Section, std::string_view Cle,
-              std::size_t Taille) override {
+  Octets Lire(std::string_view Chemin, std::string_view Section, std::string_view Cle, std::size_t Taille) override {
     Pannes_.Passer("Lire_Profil");
     Octets Valeur = Valeurs[Lieu(Chemin, Section, Cle)];
     Valeur.resize(std::min(Valeur.size(), Taille - 1));
     return Valeur;
   }
-  void Ecrire(std::string_view Chemin, std::string_view Section, std::string_view Cle,
-              Vue_Octets Valeur) override {
+  void Ecrire(std::string_view Chemin, std::string_view Section, std::string_view Cle, Vue_Octets Valeur) override {
     Pannes_.Passer("Ecrire_Profil");
     Valeurs[Lieu(Chemin, Section, Cle)] = Octets(Valeur.begin(), Valeur.end());
   }
@@ -240,12 +231,10 @@ struct Port_De_Test : Port_Serie {
 /// The simulated reader, overheard.
 struct Galss_De_Test : Galss_Simulee {
   using Galss_Simulee::Galss_Simulee;
-  std::int16_t Echange(std::int16_t Session, std::int16_t Nombre, Octets& Commande,
-                       std::int32_t& Longueur_Commande, Octets& Reponse,
-                       std::int32_t& Longueur_Reponse) override {
+  std::int16_t Echange(std::int16_t Session, std::int16_t Nombre, Octets& Commande, std::int32_t& Longueur_Commande,
+                       Octets& Reponse, std::int32_t& Longueur_Reponse) override {
     const Octets Envoyee = Apres_Echange ? Commande : Octets();
-    const auto Code = Galss_Simulee::Echange(Session, Nombre, Commande, Longueur_Commande, Reponse,
-                                             Longueur_Reponse);
+    const auto Code = Galss_Simulee::Echange(Session, Nombre, Commande, Longueur_Commande, Reponse, Longueur_Reponse);
     if (Apres_Echange) Apres_Echange(Envoyee, Code, Reponse, Longueur_Reponse);
     return Code;
   }
@@ -255,8 +244,7 @@ struct Galss_De_Test : Galss_Simulee {
 
 /// The whole program on its machine, started by Demarrer.
 struct Poste_De_Test {
-  explicit Poste_De_Test(std::string_view Texte_Scenario = "")
-      : Lecteur(Scenario_De(Texte_Scenario)) {
+  explicit Poste_De_Test(std::string_view Texte_Scenario = "") : Lecteur(Scenario_De(Texte_Scenario)) {
     Lecteur.Avant_Appel = [this](Cible, int) { Pannes_.Passer("Galss"); };
   }
   void Demarrer() { App.Demarrer(); }

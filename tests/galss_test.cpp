@@ -18,22 +18,19 @@ struct Galss_Dictee : Bibliotheque_Galss {
     Octets Donnees = {};
     int Longueur = -2;  // -2: that of Donnees
   };
-  std::int16_t OuvrirSession(Octets& Application, Octets& LAD, std::int16_t& Session,
-                             std::int16_t&) override {
+  std::int16_t OuvrirSession(Octets& Application, Octets& LAD, std::int16_t& Session, std::int16_t&) override {
     Conversation.push_back("ouvrir " + Texte_De_Cp1252(Application) + " " + Texte_De_Cp1252(LAD));
     Session = Numero;
     return Prochain();
   }
-  std::int16_t DebutExclusivite(Octets& Texte, Octets&, Octets& LAD,
-                                std::int16_t& Exclusivite) override {
+  std::int16_t DebutExclusivite(Octets& Texte, Octets&, Octets& LAD, std::int16_t& Exclusivite) override {
     Conversation.push_back("exclusivité " + Texte_De_Cp1252(Texte) + " " + Texte_De_Cp1252(LAD));
     Exclusivite = 9;
     return Prochain();
   }
-  std::int16_t Echange(std::int16_t, std::int16_t, Octets& Commande, std::int32_t& Longueur,
-                       Octets& Reponse, std::int32_t& Recus) override {
-    EXPECT_TRUE(Longueur >= 0 && Longueur <= std::ssize(Commande) && Recus >= 0 &&
-                Recus <= std::ssize(Reponse));
+  std::int16_t Echange(std::int16_t, std::int16_t, Octets& Commande, std::int32_t& Longueur, Octets& Reponse,
+                       std::int32_t& Recus) override {
+    EXPECT_TRUE(Longueur >= 0 && Longueur <= std::ssize(Commande) && Recus >= 0 && Recus <= std::ssize(Reponse));
     Commandes.push_back(Commande);
     Lents.push_back(Recus);
     const Dictee D = Reponses.empty() ? Dictee{} : Reponses.front();
@@ -82,21 +79,9 @@ TEST_F(Galss_Test, Connexion) {
     Liste Conversation;
     std::string Message;
   } Cas[] = {{{}, 3, 0, {T + "Log_SV", "exclusivité 3:1 Log_SV"}, "Connexion Réussie."},
-             {{8192},
-              -5,
-              0,
-              {T + "Log_SV", T + "LOG_SV", "exclusivité -5:1 LOG_SV"},
-              "Connexion Réussie."},
-             {{8192, 8192, 8192},
-              3,
-              8192,
-              {T + "Log_SV", T + "LOG_SV", T + "log_SV"},
-              "Erreur GALSS 8192 : avant"},
-             {{8192, 4096},
-              3,
-              4096,
-              {T + "Log_SV", T + "LOG_SV"},
-              "Erreur GALSS 4096 : La session est inconnue"},
+             {{8192}, -5, 0, {T + "Log_SV", T + "LOG_SV", "exclusivité -5:1 LOG_SV"}, "Connexion Réussie."},
+             {{8192, 8192, 8192}, 3, 8192, {T + "Log_SV", T + "LOG_SV", T + "log_SV"}, "Erreur GALSS 8192 : avant"},
+             {{8192, 4096}, 3, 4096, {T + "Log_SV", T + "LOG_SV"}, "Erreur GALSS 4096 : La session est inconnue"},
              {{4096}, 3, 4096, {T + "Log_SV"}, "Erreur GALSS 4096 : La session est inconnue"},
              {{0, 4},
               12,
@@ -144,12 +129,9 @@ TEST_F(Galss_Test, Deconnexion) {
 }
 
 TEST_F(Galss_Test, Arret_Du_Serveur) {
-  const char* Noms[] = {"C:\\WINDOWS\\GALSVW32.EXE",
-                        "c:\\windows\\galsvw32.exe",
-                        "galsvw32.exe",
-                        "GALSVW32.EXE",
-                        "xgalsvw32.exe",
-                        "galsvw32.exe.bak"};
+  const char* Noms[] = {
+      "C:\\WINDOWS\\GALSVW32.EXE", "c:\\windows\\galsvw32.exe", "galsvw32.exe", "GALSVW32.EXE", "xgalsvw32.exe",
+      "galsvw32.exe.bak"};
   for (std::uint32_t I = 0; I < std::size(Noms); ++I) Processus.Actifs.push_back({I, Noms[I]});
   Arret_Galss(Processus);
   EXPECT_EQ(Processus.Termines, (std::vector<std::uint32_t>{0, 2, 3}));
@@ -162,14 +144,13 @@ TEST_F(Galss_Test, Lecture_De_La_Configuration) {
     int Resultat;
     std::size_t Appels;
     std::string Message;
-  } Cas[] = {
-      {{{0, Config}}, 0, 1, "avant"},
-      {{{64}, {0, Config}}, 0, 2, "avant"},
-      {{{64}, {64}, {0, Config}}, 64, 2, "Erreur GALSS 64 : Transfert abandonné par le matériel"},
-      {{{0, {0, 52}}}, 52, 1, "Erreur de Téléchargement 52:Format de logiciel incorrect"},
-      {{{0, {0, 0}}}, 0, 1, "Erreur de Téléchargement 0:avant"},
-      {{{0, {}, 99999}}, 0, 1, "avant"},
-      {{{64, {}, 99999}, {0, {}, -7}}, 0, 2, "avant"}};
+  } Cas[] = {{{{0, Config}}, 0, 1, "avant"},
+             {{{64}, {0, Config}}, 0, 2, "avant"},
+             {{{64}, {64}, {0, Config}}, 64, 2, "Erreur GALSS 64 : Transfert abandonné par le matériel"},
+             {{{0, {0, 52}}}, 52, 1, "Erreur de Téléchargement 52:Format de logiciel incorrect"},
+             {{{0, {0, 0}}}, 0, 1, "Erreur de Téléchargement 0:avant"},
+             {{{0, {}, 99999}}, 0, 1, "avant"},
+             {{{64, {}, 99999}, {0, {}, -7}}, 0, 2, "avant"}};
   for (const auto& C : Cas) {
     Dictee.Reponses = C.Reponses;
     Dictee.Commandes.clear();
@@ -190,20 +171,17 @@ TEST_F(Galss_Test, Champs_Et_Formes_D_Affichage) {
     return Texte;
   };
   const std::string Texte = "?" + Cadrer("INGENICO", 15) + Cadrer("INGENICO  650", 26) + "WXYZ" +
-                            Cadrer("  S\xE9rie 12", 20) + "03" + Cadrer("Appli", 30) +
-                            "01272005031514301A2B";
+                            Cadrer("  S\xE9rie 12", 20) + "03" + Cadrer("Appli", 30) + "01272005031514301A2B";
   const Octets Reponse(Texte.begin(), Texte.end());
   ASSERT_EQ(Reponse.size(), 118U);
   const char* Formes[] = {"INGENICO", "INGENICO  650", "Série 12", "03",  "Appli",
                           "1.27",     "15 mars 2005",  "14:30",    "1A2B"};
   for (int I = 0; I < 9; ++I) {
-    EXPECT_EQ(Afficher_Champ(Reponse, Avant_Config_Galss, static_cast<Champ_Config>(I), Temps),
-              Formes[I]);
+    EXPECT_EQ(Afficher_Champ(Reponse, Avant_Config_Galss, static_cast<Champ_Config>(I), Temps), Formes[I]);
   }
   EXPECT_EQ(Lire_Champ(Vue_Octets(Reponse).first(50), 1, Champ_Config::NumSerie), "  S\xC3\xA9");
   EXPECT_EQ(Lire_Champ({}, 1, Champ_Config::TypeOS), "");
-  for (const auto& [Mois, Numero] :
-       {std::pair{"13", 5}, {"00", 5}, {"AB", 13}, {"  ", 13}, {"1x", 13}}) {
+  for (const auto& [Mois, Numero] : {std::pair{"13", 5}, {"00", 5}, {"AB", 13}, {"  ", 13}, {"1x", 13}}) {
     Octets Copie = Reponse;
     std::copy_n(Mois, 2, Copie.begin() + 1 + 101 + 4);
     try {
@@ -223,8 +201,7 @@ TEST_F(Galss_Test, Trames_Au_Bit_Pres) {
     Debut.insert(Debut.end(), Fin.begin(), Fin.end());
     return Debut;
   };
-  for (const auto& [Longueur, Champ] :
-       {std::pair{0, "0127000000"}, {512, "0127000512"}, {999999, "0127999999"}}) {
+  for (const auto& [Longueur, Champ] : {std::pair{0, "0127000000"}, {512, "0127000512"}, {999999, "0127999999"}}) {
     Demande_Telechargement(Liaison, "0127", Longueur, Taille, Message);
     EXPECT_EQ(Derniere(), Avec({1, 0, 0, 0x99}, Champ));
     Demande_Chargement(Liaison, "0127", Longueur, Taille, Message);
@@ -246,12 +223,8 @@ TEST_F(Galss_Test, Trames_Au_Bit_Pres) {
 }
 
 TEST_F(Galss_Test, Reponses_Aux_Trames) {
-  const auto Demande_T = [&](std::int32_t& T) {
-    return Demande_Telechargement(Liaison, "0000", 9, T, Message);
-  };
-  const auto Demande_C = [&](std::int32_t& T) {
-    return Demande_Chargement(Liaison, "0000", 9, T, Message);
-  };
+  const auto Demande_T = [&](std::int32_t& T) { return Demande_Telechargement(Liaison, "0000", 9, T, Message); };
+  const auto Demande_C = [&](std::int32_t& T) { return Demande_Chargement(Liaison, "0000", 9, T, Message); };
   const auto Bloc_T = [&](std::int32_t&) { return Bloc_Telechargement(Liaison, {}, {}, Message); };
   const auto Bloc_C = [&](std::int32_t&) { return Bloc_Chargement(Liaison, {}, {}, Message); };
   using Operation = std::function<int(std::int32_t&)>;
@@ -264,22 +237,14 @@ TEST_F(Galss_Test, Reponses_Aux_Trames) {
     std::string Message;
   } Cas[] = {
       {Demande_T, {{0, {7, 7, 4}}}, 0, 4096, "avant"},
-      {Demande_T,
-       {{0, {9, 51}}},
-       51,
-       -7,
-       "Erreur de Téléchargement 51:Version logicielle déjà chargée ou incorrecte"},
+      {Demande_T, {{0, {9, 51}}}, 51, -7, "Erreur de Téléchargement 51:Version logicielle déjà chargée ou incorrecte"},
       {Demande_T, {{0, {9, 0}}}, 0, -7, "Erreur de Téléchargement 0:avant"},
       {Demande_T, {{1024, {}, 0}}, -1, -7, Galss_1},
       {Demande_T, {{512, {}, 3}}, 512, -7, "Erreur GALSS 512 : Erreur protocole"},
       {Demande_T, {{0, {1, 2, 4}, 4}}, 0, 4096, "avant"},
       {Demande_T, {{0, {1, 2, 4}, -3}}, -1, -7, Galss_1},
       {Demande_T, {{64, {1, 2, 9}, 3}, {0, {1, 2, 4}}}, 0, 4096, "avant"},
-      {Demande_T,
-       {{64, {}, 3}, {64, {}, 3}},
-       64,
-       -7,
-       "Erreur GALSS 64 : Transfert abandonné par le matériel"},
+      {Demande_T, {{64, {}, 3}, {64, {}, 3}}, 64, -7, "Erreur GALSS 64 : Transfert abandonné par le matériel"},
       {Bloc_T, {{0, {0}}}, 0, -7, "avant"},
       {Bloc_T, {{0, {0, 53}}}, 0, -7, "avant"},
       {Bloc_T, {{0, {1, 53}}}, 53, -7, "Erreur de Téléchargement 53:Taille de logiciel incorrecte"},
@@ -287,11 +252,7 @@ TEST_F(Galss_Test, Reponses_Aux_Trames) {
       {Bloc_T, {{0, {}, 0}}, -1, -7, Galss_1},
       {Bloc_T, {{0, {0, 0}, 99999}}, 0, -7, "avant"},
       {Bloc_T, {{0, {0, 0}, -1}}, -1, -7, Galss_1},
-      {Bloc_T,
-       {{2, {}, 2}},
-       2,
-       -7,
-       "Erreur GALSS 2 : Plus de ressource dans la table des gestionnaires"},
+      {Bloc_T, {{2, {}, 2}}, 2, -7, "Erreur GALSS 2 : Plus de ressource dans la table des gestionnaires"},
       {Demande_C, {{0, {0, 2, 2}}}, 0, 2048, "Etat Final2 : Accord de mise à jour"},
       {Demande_C, {{0, {0, 2, 2}, 77}}, 0, 2048, "Etat Final2 : Accord de mise à jour"},
       {Demande_C, {{0, {0, 1, 2}}}, -2, -7, "Etat Final1 : OK"},

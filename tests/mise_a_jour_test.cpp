@@ -15,8 +15,7 @@ const std::string Bifente_B = "LEC-V03.00-0065 2.0M-XA-V2    ";
 
 Octets Reponse_De(const std::string& Constructeur, const std::string& Type, const std::string& OS,
                   const std::string& Version) {
-  std::string Texte =
-      "\x01" + Constructeur + Type + std::string(20, '#') + OS + std::string(30, 'a') + Version;
+  std::string Texte = "\x01" + Constructeur + Type + std::string(20, '#') + OS + std::string(30, 'a') + Version;
   return Octets(Texte.begin(), Texte.end());
 }
 
@@ -39,8 +38,7 @@ TEST(Decision, Admission) {
              {I, "lecteur bifente 2.0M-XA-V2    ", "04", "0130", false}};
   for (const auto& C : Cas) {
     Variables_Globales V;
-    const auto R = Decider_Chargement(Reponse_De(C.Constructeur, C.Type, C.OS, C.Version),
-                                      {true, Aucune, Aucune}, V);
+    const auto R = Decider_Chargement(Reponse_De(C.Constructeur, C.Type, C.OS, C.Version), {true, Aucune, Aucune}, V);
     EXPECT_EQ(R.Issue != Issue::Terminal_Refuse, C.Admis) << C.Type << C.OS << C.Version;
   }
   Variables_Globales V;
@@ -80,9 +78,8 @@ TEST(Decision, Regles) {
       {Auto, Bifente_A, "03", "0199", Oui, Oui, "03", "0200", A_Charger, "KA", false},
       {Auto, Bifente_A, "03", "0200", Oui, Oui, "03", "0201", A_Charger, "KA", true},
       {Auto, Bifente_B, "04", "0200", Non, Oui, "", "0201", A_Charger, "A", true},
-      {Manuel, Type_650, "03", "0127", Non, Oui, "03", "0127", A_Charger, "A", false},  // M1
-      {Manuel, Type_650, "03", "0127", Non, Non, "01", "0127", A_Charger, "A",
-       false},  // M1 before M2
+      {Manuel, Type_650, "03", "0127", Non, Oui, "03", "0127", A_Charger, "A", false},   // M1
+      {Manuel, Type_650, "03", "0127", Non, Non, "01", "0127", A_Charger, "A", false},   // M1 before M2
       {Manuel, Type_650, "03", "0127", Oui, Non, "01", "0130", A_Charger, "K", false},   // M2
       {Manuel, Type_650, "03", "0127", Oui, Oui, "01", "0127", A_Charger, "KA", false},  // M3
       {Manuel, Type_650, "03", "0127", Oui, Oui, "03", "0130", A_Charger, "KA", false},  // M4
@@ -92,16 +89,13 @@ TEST(Decision, Regles) {
       {Manuel, Type_650, "03", "0127", Non, Oui, "01", "0126", A_Charger, "K", false},   // M5
       {Manuel, Type_650, "03", "0127", Oui, Non, "02", "0126", Chargement_Interdit_650, "", false},
       {Manuel, Type_650, "03", "0127", Non, Oui, "02", "0130", Chargement_Interdit_650, "", false},
-      {Manuel, Bifente_A, "03", "0130", Non, Oui, "09", "0127", Chargement_Interdit_Bifente, "",
-       false},
+      {Manuel, Bifente_A, "03", "0130", Non, Oui, "09", "0127", Chargement_Interdit_Bifente, "", false},
       {Manuel, Bifente_A, "03", "0130", Non, Oui, "01", "0128", A_Charger, "A", false},
-      {Manuel, Bifente_A, "03", "0130", Oui, Non, "01", "0900", Chargement_Interdit_Bifente, "",
-       false},
+      {Manuel, Bifente_A, "03", "0130", Oui, Non, "01", "0900", Chargement_Interdit_Bifente, "", false},
       {Manuel, Bifente_A, "03", "0130", Oui, Non, "02", "0001", A_Charger, "K", false},
       {Manuel, Bifente_A, "03", "0130", Oui, Oui, "01", "0130", A_Charger, "KA", false},
       {Manuel, Bifente_A, "03", "0250", Oui, Oui, "02", "0100", A_Charger, "KA", true},
-      {Manuel, Bifente_A, "03", "0130", Non, Non, "09", "0900", Chargement_Interdit_Bifente, "",
-       false},
+      {Manuel, Bifente_A, "03", "0130", Non, Non, "09", "0900", Chargement_Interdit_Bifente, "", false},
   };
   int Rang = 0;
   for (const auto& C : Cas) {
@@ -111,10 +105,8 @@ TEST(Decision, Regles) {
       V.Version_Noyau = C.VN;
       V.Version_Appli = C.VA;
       V.Noyau_Et_Appli = Avant;
-      const std::string K = C.K ? "noyau" : Aucune, A = C.A ? "appli" : Aucune,
-                        Fin = C.Auto ? "\n\r" : "\r\n";
-      const auto R = Decider_Chargement(Reponse_De("INGENICO       ", C.Type, C.OS, C.Version),
-                                        {C.Auto, K, A}, V);
+      const std::string K = C.K ? "noyau" : Aucune, A = C.A ? "appli" : Aucune, Fin = C.Auto ? "\n\r" : "\r\n";
+      const auto R = Decider_Chargement(Reponse_De("INGENICO       ", C.Type, C.OS, C.Version), {C.Auto, K, A}, V);
       std::string Liste;
       for (const char Lettre : C.Ordre) Liste += (Lettre == 'K' ? K : A) + Fin;
       EXPECT_EQ(R.Issue, C.Quoi);
@@ -135,8 +127,7 @@ const std::string Depuis_200 =
     "type_lecteur = LEC-V03.00-0065 2.0M-XA-V2; type_os = 04; num_version = 0200; lectures_muettes "
     "= 3\n";
 const std::string H = "\t14:30:05\r\n";
-const std::string Debut =
-    "PROCEDURE DE CHARGEMENT\r\n=========================\r\nConnexion en cours ... \r\n";
+const std::string Debut = "PROCEDURE DE CHARGEMENT\r\n=========================\r\nConnexion en cours ... \r\n";
 const std::string Connecte = Debut + "Connexion Réussie.\r\n";
 const std::string Fin = "Arrêt du Galss\r\n";
 const std::string Reussi = "Début du chargement." + H + "Chargement Réussi." + H;
@@ -173,22 +164,19 @@ TEST_F(Mise_A_Jour_Test, Noyau_Et_Application_Dans_Chaque_Famille) {
       std::string Vue =
           F.FrmAnimCharg.LblTitre.Texte() + "|" + F.FrmAnimCharg.LblCom.Texte() +
           (F.FMain.Souris() == Pointeur::Sablier ? "|sablier" : "|") +
-          (F.FMain.Active() || F.FrmAnimCharg.PgbExe.Visible() || F.FrmAnimCharg.LblBlock.Visible()
-               ? "!"
-               : "");
+          (F.FMain.Active() || F.FrmAnimCharg.PgbExe.Visible() || F.FrmAnimCharg.LblBlock.Visible() ? "!" : "");
       if (Vues.empty() || Vues.back() != Vue) Vues.push_back(Vue);
     };
     Cliquer();
-    const std::string Noyau = Chargement ? "Ouverture du fichier. \r\n"
-                                         : "Ouverture du fichier Fexa0500.ing 10000 Octets.\r\n";
-    const std::string Appli = Chargement ? "Ouverture du fichier. \r\n"
-                                         : "Ouverture du fichier ER0300.ing 5000 Octets.\r\n";
+    const std::string Noyau =
+        Chargement ? "Ouverture du fichier. \r\n" : "Ouverture du fichier Fexa0500.ing 10000 Octets.\r\n";
+    const std::string Appli =
+        Chargement ? "Ouverture du fichier. \r\n" : "Ouverture du fichier ER0300.ing 5000 Octets.\r\n";
     EXPECT_EQ(P->Pane(), Connecte + Noyau + Reussi + Appli + Reussi + Fin);
-    EXPECT_EQ(P->Ecran.Boites, std::vector<std::string>{
-                                   "TELECHARGER | Confirmez-vous la mise à jour du ou des fichiers "
-                                   "ci-dessous :\r\nFexa0500.ing\n\rER0300.ing\n\r"});
-    EXPECT_EQ(Recu(0), Contenu(Chargement ? 9997 : 10000))
-        << "Contenu(n) is a prefix of any longer one";
+    EXPECT_EQ(P->Ecran.Boites,
+              std::vector<std::string>{"TELECHARGER | Confirmez-vous la mise à jour du ou des fichiers "
+                                       "ci-dessous :\r\nFexa0500.ing\n\rER0300.ing\n\r"});
+    EXPECT_EQ(Recu(0), Contenu(Chargement ? 9997 : 10000)) << "Contenu(n) is a prefix of any longer one";
     EXPECT_EQ(Recu(1), Contenu(Chargement ? 4997 : 5000));
     const std::string Vue = "Chargement Réussi.|Attendre l'écran de repos du lecteur Elite 650|";
     std::vector<std::string> Attendues = {Vue + "sablier"};
@@ -214,8 +202,7 @@ TEST_F(Mise_A_Jour_Test, Version_Appli_Reste_A_0000_Apres_Un_Telechargement) {
 
 TEST_F(Mise_A_Jour_Test, Fins_Sans_Chargement) {
   const std::string Refuse = "attention | Impossible de télécharger ce type de terminal !";
-  const std::string Interdit =
-      "Impossible d'effectuer la mise à jour, sous peine de rendre inutilisable le terminal";
+  const std::string Interdit = "Impossible d'effectuer la mise à jour, sous peine de rendre inutilisable le terminal";
   const std::string Texte_4096 = "Erreur GALSS 4096 : La session est inconnue\r\n";
   const struct {
     std::string Scenario;
@@ -223,8 +210,7 @@ TEST_F(Mise_A_Jour_Test, Fins_Sans_Chargement) {
     std::string Boite, Pane;
     int Arrets;
   } Cas[] = {
-      {"defaut = OuvrirSession : code 4096", false, Refuse, Debut + Texte_4096 + Texte_4096 + Fin,
-       1},
+      {"defaut = OuvrirSession : code 4096", false, Refuse, Debut + Texte_4096 + Texte_4096 + Fin, 1},
       {"defaut = lecture : code 4096", false, Refuse, Connecte + Texte_4096 + Fin, 1},
       {"defaut = lecture : refus 52", false, Refuse,
        Connecte + "Erreur de Téléchargement 52:Format de logiciel incorrect\r\n" + Fin, 1},
@@ -235,13 +221,9 @@ TEST_F(Mise_A_Jour_Test, Fins_Sans_Chargement) {
        Connecte, 0},
       {Avant_200 + "num_version = 0300; type_os = 06", false,
        "Information | Aucune nouvelle version n'a été détéctée dans ce répertoire",
-       Connecte +
-           "Aucune nouvelle version n'a été détéctée dans ce repertoire\r\narrêt du Galss\r\n",
-       1},
-      {"", true, "Attention | " + Interdit + " !!!",
-       Connecte + Interdit + " !!!\r\narrêt du Galss\r\n", 1},
-      {Avant_200, true, "Attention | " + Interdit + ".",
-       Connecte + Interdit + ".\r\narrêt du Galss\r\n", 1},
+       Connecte + "Aucune nouvelle version n'a été détéctée dans ce repertoire\r\narrêt du Galss\r\n", 1},
+      {"", true, "Attention | " + Interdit + " !!!", Connecte + Interdit + " !!!\r\narrêt du Galss\r\n", 1},
+      {Avant_200, true, "Attention | " + Interdit + ".", Connecte + Interdit + ".\r\narrêt du Galss\r\n", 1},
   };
   for (const auto& C : Cas) {
     SCOPED_TRACE(C.Scenario);
@@ -272,12 +254,11 @@ TEST_F(Mise_A_Jour_Test, Chargement_Refuse) {
     const std::string& Lecteur;
     std::string Defaut;
     int Blocs;
-  } Cas[] = {
-      {Avant_200, "demande : refus 51", 0},        {Depuis_200, "demande : refus 146", 0},
-      {Avant_200, "bloc 3 : refus 50", 3},         {Depuis_200, "bloc 3 : technique 130", 3},
-      {Depuis_200, "bloc 2 : nature 26", 2},       {Avant_200, "bloc 2 : longueur 0", 2},
-      {Avant_200, "bloc 1 toujours : code 64", 1}, {Avant_200, "demande : octets 00 00 00", 0},
-      {Avant_200, "demande : octets 00 00", 0},    {Depuis_200, "demande : octets 00 02 00", 0}};
+  } Cas[] = {{Avant_200, "demande : refus 51", 0},        {Depuis_200, "demande : refus 146", 0},
+             {Avant_200, "bloc 3 : refus 50", 3},         {Depuis_200, "bloc 3 : technique 130", 3},
+             {Depuis_200, "bloc 2 : nature 26", 2},       {Avant_200, "bloc 2 : longueur 0", 2},
+             {Avant_200, "bloc 1 toujours : code 64", 1}, {Avant_200, "demande : octets 00 00 00", 0},
+             {Avant_200, "demande : octets 00 00", 0},    {Depuis_200, "demande : octets 00 02 00", 0}};
   for (const auto& C : Cas) {
     SCOPED_TRACE(C.Defaut);
     Preparer(C.Lecteur + "defaut = " + C.Defaut);
@@ -303,8 +284,7 @@ TEST_F(Mise_A_Jour_Test, Chargement_Refuse) {
 
 TEST_F(Mise_A_Jour_Test, Tailles_De_Fichier) {
   // One block holds 2043 bytes of data at size byte 4.
-  for (const auto& [Taille, Blocs] :
-       {std::pair{1, 1}, {2042, 1}, {2043, 1}, {2044, 2}, {4086, 2}, {4087, 3}, {0, 0}}) {
+  for (const auto& [Taille, Blocs] : {std::pair{1, 1}, {2042, 1}, {2043, 1}, {2044, 2}, {4086, 2}, {4087, 3}, {0, 0}}) {
     SCOPED_TRACE(Taille);
     Preparer(Avant_200, 0, static_cast<std::size_t>(Taille) + 1);
     P->Disque.Fichiers["C:\\Pavorin\\ER0300.ing"] = Contenu(static_cast<std::size_t>(Taille));
@@ -332,8 +312,7 @@ TEST_F(Mise_A_Jour_Test, Progression) {
   };
   P->Lecteur.Avant_Appel = Voir;
   Cliquer();
-  EXPECT_EQ(Vues,
-            (std::vector<std::string>{"0 0.00000", "0 0.00000", "1 33% 33.3333", "2 66% 66.6666"}));
+  EXPECT_EQ(Vues, (std::vector<std::string>{"0 0.00000", "0 0.00000", "1 33% 33.3333", "2 66% 66.6666"}));
 }
 
 TEST_F(Mise_A_Jour_Test, Lecteur_Muet_Apres_Le_Noyau) {
@@ -363,13 +342,11 @@ TEST_F(Mise_A_Jour_Test, Erreurs_Du_Transfert) {
     P->App.F.FMain.CmdQuitter.Active(false);
     const double Avant = P->Temps.Maintenant;
     P->App.F.FMain.CmdMaj.Cliquer();
-    const std::string Ligne =
-        "Panne " + std::to_string(C.Numero) + H + (C.Ouvert ? "Fermeture du fichier." + H : "");
+    const std::string Ligne = "Panne " + std::to_string(C.Numero) + H + (C.Ouvert ? "Fermeture du fichier." + H : "");
     EXPECT_TRUE(P->Pane().ends_with(Ligne + Fin)) << P->Pane();
     EXPECT_EQ(P->Ecran.Boites.size(), C.Boite ? 2U : 1U);
     if (C.Boite) {
-      EXPECT_EQ(P->Ecran.Boites.back(),
-                "Télécharger | Vérifiez l'installation du service SESAM-Vitale (GALSS).");
+      EXPECT_EQ(P->Ecran.Boites.back(), "Télécharger | Vérifiez l'installation du service SESAM-Vitale (GALSS).");
     }
     EXPECT_EQ(P->Temps.Maintenant, Avant) << "no pause";
     EXPECT_TRUE(P->Lecteur.Session_Ouverte()) << "no disconnection";
@@ -385,8 +362,7 @@ TEST_F(Mise_A_Jour_Test, Erreurs_Du_Transfert) {
 }
 
 TEST_F(Mise_A_Jour_Test, Erreurs_De_La_Bibliotheque) {
-  const std::string Installation =
-      "Télécharger | Vérifiez l'installation du service SESAM-Vitale (GALSS).";
+  const std::string Installation = "Télécharger | Vérifiez l'installation du service SESAM-Vitale (GALSS).";
   const std::string Service =
       "Télécharger | Vérifiez le service SESAM-Vitale (GALSS)n'est pas déjà ouvert, si le service "
       "est ouvert veuillez "
@@ -402,8 +378,7 @@ TEST_F(Mise_A_Jour_Test, Erreurs_De_La_Bibliotheque) {
       P->App.F.FMain.CmdQuitter.Active(false);
       P->App.F.FMain.CmdMaj.Cliquer();
       EXPECT_EQ(P->Ecran.Boites, std::vector<std::string>{Boite});
-      EXPECT_EQ(P->Pane(),
-                Appel == 1 ? Debut : Connecte + "\r\nDéconnexion RéussieDeconnexion Réussie." + H);
+      EXPECT_EQ(P->Pane(), Appel == 1 ? Debut : Connecte + "\r\nDéconnexion RéussieDeconnexion Réussie." + H);
       EXPECT_TRUE(P->App.F.FMain.CmdQuitter.Active());
       EXPECT_FALSE(P->Lecteur.Session_Ouverte());
     }

@@ -41,16 +41,14 @@ TEST_F(Selection_Test, Demarrage_Sans_Reglages_Ni_Fichier) {
 }
 
 TEST_F(Selection_Test, Le_Plus_Recent_D_Abord_Puis_L_Ordre_Trouve) {
-  Demarrer_Sur({"E0127.ing", "eT0401.ING", "ER0302.ing", "ES0401.ing", "lisezmoi.txt", "Exxx.ingx",
-                "Fexa0300.ing", "FEXA1000.ing", "FexaA100.ing", "fexa0900.ing"},
+  Demarrer_Sur({"E0127.ing", "eT0401.ING", "ER0302.ing", "ES0401.ing", "lisezmoi.txt", "Exxx.ingx", "Fexa0300.ing",
+                "FEXA1000.ing", "FexaA100.ing", "fexa0900.ing"},
                "C:\\Logiciels");
   EXPECT_EQ(FMain.TxtChooseDirectory.Texte(), "C:\\Logiciels\\");
-  EXPECT_EQ(FMain.CchosseAppli.Entrees(),
-            (Noms{"eT0401.ING", "E0127.ing", "ER0302.ing", "ES0401.ing", Aucune}));
+  EXPECT_EQ(FMain.CchosseAppli.Entrees(), (Noms{"eT0401.ING", "E0127.ing", "ER0302.ing", "ES0401.ing", Aucune}));
   EXPECT_EQ(FMain.CchooseNoyau.Entrees(),
             (Noms{"FEXA1000.ing", "Fexa0300.ing", "FexaA100.ing", "fexa0900.ing", Aucune}));
-  EXPECT_EQ(App.Globales.Catalogue.Liste_Noyaux[0], "Fexa0300.ing")
-      << "the catalogue keeps the found order";
+  EXPECT_EQ(App.Globales.Catalogue.Liste_Noyaux[0], "Fexa0300.ing") << "the catalogue keeps the found order";
   EXPECT_EQ(FMain.lbltypedirectory.Texte(), "Fichier présent");
   EXPECT_EQ(FMain.lbltypedirectory.Encre(), Couleurs::Bleu);
   EXPECT_EQ(Etat(), "Version Test 04.01 10.00 oui");
@@ -75,8 +73,7 @@ TEST_F(Selection_Test, Marque_De_Version_Test) {
 
 TEST_F(Selection_Test, Vingt_Six_Fichiers_Au_Plus_Sans_Perdre_Le_Plus_Recent) {
   Noms Fichiers;
-  for (int I = 0; I < 40; ++I)
-    Fichiers.push_back("E" + std::to_string(1000 + (I * 17) % 40) + ".ing");
+  for (int I = 0; I < 40; ++I) Fichiers.push_back("E" + std::to_string(1000 + (I * 17) % 40) + ".ing");
   Fichiers.push_back("EX1039.ing");
   Demarrer_Sur(Fichiers);
   EXPECT_EQ(App.Globales.Catalogue.Liste_Applis.size(), 26U);
@@ -106,8 +103,7 @@ TEST_F(Selection_Test, Mode_Manuel) {
   FMain.OptManuel.Choisir();
   EXPECT_EQ(Ecran.Boites, Noms{Message_Manuel});
   EXPECT_EQ(Etat(), "------- --.-- --.-- non");
-  EXPECT_EQ(App.Globales.Version_Appli + App.Globales.Version_Noyau, "030203")
-      << "they keep their last value";
+  EXPECT_EQ(App.Globales.Version_Appli + App.Globales.Version_Noyau, "030203") << "they keep their last value";
   FMain.OptManuel.Choisir();
   EXPECT_EQ(Ecran.Boites.size(), 1U) << "the mode already set does nothing";
 
@@ -133,8 +129,7 @@ TEST_F(Selection_Test, Changement_De_Repertoire) {
   FMain.OptManuel.Choisir();
   FMain.TxtChooseDirectory.Texte("D:");
   EXPECT_EQ(FMain.TxtChooseDirectory.Texte(), "D:\\");
-  EXPECT_EQ(FMain.CchosseAppli.Entrees(), (Noms{"E0500.ing", Aucune}))
-      << "nothing of the earlier directory";
+  EXPECT_EQ(FMain.CchosseAppli.Entrees(), (Noms{"E0500.ing", Aucune})) << "nothing of the earlier directory";
   EXPECT_EQ(FMain.CchosseAppli.Texte(), "E0500.ing") << "manual mode comes up on the newest";
   EXPECT_EQ(FMain.CchooseNoyau.Texte(), Aucune);
   EXPECT_EQ(Etat(), "Version Réelle 05.00 --.-- oui");

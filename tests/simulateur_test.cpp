@@ -19,9 +19,7 @@ namespace {
 /// Each step answers "code/length:first bytes".
 class Programme {
  public:
-  explicit Programme(const std::string& Texte) : Lecteur(Scenario_De(Texte)), Galss_(Lecteur) {
-    Connecter();
-  }
+  explicit Programme(const std::string& Texte) : Lecteur(Scenario_De(Texte)), Galss_(Lecteur) { Connecter(); }
 
   void Connecter() {
     Octets Nom = Lire_Caracteres("Téléchargement"), LAD = Lire_Caracteres("Log_SV");
@@ -65,8 +63,7 @@ class Programme {
         return Envoyer(Trame, 3);
       }
       default: {
-        auto Trame =
-            Lire_Hexa((Seconde ? "FF 01 03 02 01 FF FF " : "01 00 00 98 ") + Mot.substr(2, 2));
+        auto Trame = Lire_Hexa((Seconde ? "FF 01 03 02 01 FF FF " : "01 00 00 98 ") + Mot.substr(2, 2));
         Trame.resize(Trame.size() + std::stoul(Mot.substr(5)), static_cast<std::uint8_t>(Mot[2]));
         return Envoyer(Trame, 2);
       }
@@ -75,14 +72,12 @@ class Programme {
 
   std::string Envoyer(Octets Trame, std::size_t Capacite) {
     Octets Reponse(Capacite, ' ');
-    auto Envoi = static_cast<std::int32_t>(Trame.size()),
-         Retour = static_cast<std::int32_t>(Capacite);
+    auto Envoi = static_cast<std::int32_t>(Trame.size()), Retour = static_cast<std::int32_t>(Capacite);
     auto Code = Galss_.Echange(Session, 0, Trame, Envoi, Reponse, Retour);
     if (Code == 64) {
       Code = Galss_.Echange(Session, 0, Trame, Envoi, Reponse, Retour);
     }
-    return std::to_string(Code) + "/" + std::to_string(Retour) + ":" +
-           Ecrire_Hexa(Vue_Octets(Reponse).first(2), 2);
+    return std::to_string(Code) + "/" + std::to_string(Retour) + ":" + Ecrire_Hexa(Vue_Octets(Reponse).first(2), 2);
   }
 
   Galss_Simulee Galss_;
@@ -92,8 +87,8 @@ class Programme {
 TEST(Simulateur, Charge_Noyau_Et_Application_Dans_Chaque_Famille) {
   for (const std::string F : {"t", "c"}) {
     Programme P("octet_etat = 6; type_os_apres_noyau = 04; num_version_apres_appli = 0210");
-    const std::string Chargement = F == "t" ? "0/3:00 00; 0/2:00 00; 0/2:00 00; 0/2:00 00; "
-                                            : "0/3:00 02; 0/2:00 01; 0/2:00 01; 0/2:00 00; ";
+    const std::string Chargement =
+        F == "t" ? "0/3:00 00; 0/2:00 00; 0/2:00 00; 0/2:00 00; " : "0/3:00 02; 0/2:00 01; 0/2:00 01; 0/2:00 00; ";
     EXPECT_EQ(P.Jouer("L K" + F + " L L L"),
               "0/118:06 49; " + Chargement + "1024/2048:20 20; 1024/2048:20 20; 0/118:06 49; ");
     EXPECT_EQ(P.Jouer("K" + F + " F X"), Chargement + "0; 0; ");
@@ -135,15 +130,13 @@ TEST(Simulateur, Condamne_Chaque_Faute) {
     Programme P("");
     P.Jouer(Pas);
     ASSERT_FALSE(P.Lecteur.Fautes().empty()) << Pas;
-    EXPECT_NE(P.Lecteur.Fautes().front().find(Reproche), std::string::npos)
-        << P.Lecteur.Fautes().front();
+    EXPECT_NE(P.Lecteur.Fautes().front().find(Reproche), std::string::npos) << P.Lecteur.Fautes().front();
   }
 }
 
 TEST(Simulateur, Chaque_Defaut_Atteint_Le_Programme) {
   const char* const Cas[][3] = {
-      {"lecture 2 fois 2 : code 0x8004", "L L L L",
-       "0/118:00 49; -32764/2048:20 20; -32764/2048:20 20; 0/118:00 49; "},
+      {"lecture 2 fois 2 : code 0x8004", "L L L L", "0/118:00 49; -32764/2048:20 20; -32764/2048:20 20; 0/118:00 49; "},
       {"lecture 1 : refus 52", "L", "0/2:01 34; "},
       {"demande 1 : refus", "Dt0000000010", "0/2:01 32; "},
       {"demande 1 : refus", "Dc0000000010", "0/2:00 92; "},
@@ -156,10 +149,8 @@ TEST(Simulateur, Chaque_Defaut_Atteint_Le_Programme) {
       {"bloc 1 : nature 37", "Dc0000000010 Bc11:10", "0/3:00 02; 0/2:25 00; "},
       {"bloc 1 : octets 01 02 03", "Dt0000000010 Bt11:10", "0/3:00 00; 0/3:01 02; "},
       {"bloc 1 toujours : code 64", "Dt0000000010 Bt11:10", "0/3:00 00; 64/2:20 20; "},
-      {"bloc 1 : code 64 livre noms X", "Dt0000000010 Bt11:10 L",
-       "0/3:00 00; 0/2:00 00; 1024/2048:20 20; "},
-      {"bloc 1 : code 64; defaut = bloc 1 : refus 0x97", "Dc0000000010 Bc11:10",
-       "0/3:00 02; 0/2:00 97; "},
+      {"bloc 1 : code 64 livre noms X", "Dt0000000010 Bt11:10 L", "0/3:00 00; 0/2:00 00; 1024/2048:20 20; "},
+      {"bloc 1 : code 64; defaut = bloc 1 : refus 0x97", "Dc0000000010 Bc11:10", "0/3:00 02; 0/2:00 97; "},
       {"FermerSession 1 : code 4", "F X", "0; 4; "}};
   for (const auto& [Defaut, Pas, Attendu] : Cas) {
     Programme P("defaut = " + std::string(Defaut));
@@ -210,8 +201,7 @@ TEST(Simulateur, Scenario_Dit_La_Ligne_Fausse_Et_Garde_Les_Autres) {
 }
 
 TEST(Simulateur, Bout_Serie) {
-  const auto Essai = Lire_Hexa("2F C0 04 00 14 00 C8 A4 FC"),
-             Config = Lire_Hexa("2F 40 04 01 00 00 94 A0 9B");
+  const auto Essai = Lire_Hexa("2F C0 04 00 14 00 C8 A4 FC"), Config = Lire_Hexa("2F 40 04 01 00 00 94 A0 9B");
   Lecteur_Serie Lecteur(Scenario_De("vitesses = 9600, 19200; morceaux = 5; debranche_apres = 3"));
   EXPECT_TRUE(Lecteur.Recevoir(Essai, 4800).Morceaux.empty());
   EXPECT_TRUE(Lecteur.Recevoir(Vue_Octets(Essai).first(4), 9600).Morceaux.empty());
@@ -222,8 +212,7 @@ TEST(Simulateur, Bout_Serie) {
   EXPECT_TRUE(Lecteur.Recevoir(Essai, 9600).Debranche);
   Lecteur.Recevoir(Lire_Hexa("2F C0 04 00 14 00 C8 A4 FD"), 9600);
   EXPECT_EQ(Lecteur.Fautes(), std::vector<std::string>{"octets de contrôle faux"});
-  Lecteur_Serie Etrange(
-      Scenario_De("silence = test; longueur_config = 124; bruit_avant = AA; constructeur = AUTRE"));
+  Lecteur_Serie Etrange(Scenario_De("silence = test; longueur_config = 124; bruit_avant = AA; constructeur = AUTRE"));
   EXPECT_TRUE(Etrange.Recevoir(Essai, 9600).Morceaux.empty());
   const auto Reponse = Etrange.Recevoir(Config, 9600).Morceaux.at(0);
   EXPECT_EQ(Reponse.size(), 125u);

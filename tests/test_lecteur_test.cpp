@@ -36,15 +36,13 @@ struct Test_Lecteur_Test : testing::Test, Poste_De_Test {
   }
   std::string Voyants() const {
     const auto Un = [](const Image& R, const Image& J, const Image& V) {
-      return std::string(R.Visible() ? "R" : "") + (J.Visible() ? "J" : "") +
-             (V.Visible() ? "V" : "");
+      return std::string(R.Visible() ? "R" : "") + (J.Visible() ? "J" : "") + (V.Visible() ? "V" : "");
     };
-    return Un(FMain.ImgRed, FMain.ImgYellow, FMain.ImgGreen) +
-           Un(FMain.ImgRed2, FMain.ImgYellow2, FMain.ImgGreen2);
+    return Un(FMain.ImgRed, FMain.ImgYellow, FMain.ImgGreen) + Un(FMain.ImgRed2, FMain.ImgYellow2, FMain.ImgGreen2);
   }
   std::string Reglages_Montres() const {
-    return FMain.LblVit.Texte() + "|" + FMain.LblPart.Texte() + "|" + FMain.LblBitDon.Texte() +
-           "|" + FMain.LblBitStop.Texte();
+    return FMain.LblVit.Texte() + "|" + FMain.LblPart.Texte() + "|" + FMain.LblBitDon.Texte() + "|" +
+           FMain.LblBitStop.Texte();
   }
   void Tester() {
     Debut = Temps.Maintenant;
@@ -72,8 +70,8 @@ struct Test_Lecteur_Test : testing::Test, Poste_De_Test {
 TEST_F(Test_Lecteur_Test, Lecteur_A_9600) {
   FMain.TxtDetails.Texte("avant");
   Tester();
-  EXPECT_EQ(Port.Conversation, (std::vector<std::string>{"= 9600,n,8,1", Trame_Test, Trame_Test,
-                                                         Trame_Test, Trame_Config}));
+  EXPECT_EQ(Port.Conversation,
+            (std::vector<std::string>{"= 9600,n,8,1", Trame_Test, Trame_Test, Trame_Test, Trame_Config}));
   EXPECT_EQ(Pane(), "F2E040140C859A3\r\n\tTEST RÉUSSI");
   EXPECT_FALSE(FMain.TxtDetails.Visible());
   EXPECT_EQ(Reglages_Montres(), "9600 bauds|n|8|1");
@@ -92,11 +90,9 @@ TEST_F(Test_Lecteur_Test, Lecteur_A_9600) {
 TEST_F(Test_Lecteur_Test, Lecteur_A_19200) {
   Vitesse = "19200";
   Tester();
-  EXPECT_EQ(Port.Conversation,
-            (std::vector<std::string>{"= 9600,n,8,1", Trame_Test, "= 19200,n,8,1", Trame_Test,
-                                      Trame_Test, Trame_Config}));
-  EXPECT_EQ(Ecran.Boites,
-            std::vector<std::string>{"Attention | Attention vous etes en 19200 Bauds!!"});
+  EXPECT_EQ(Port.Conversation, (std::vector<std::string>{"= 9600,n,8,1", Trame_Test, "= 19200,n,8,1", Trame_Test,
+                                                         Trame_Test, Trame_Config}));
+  EXPECT_EQ(Ecran.Boites, std::vector<std::string>{"Attention | Attention vous etes en 19200 Bauds!!"});
   EXPECT_EQ(Reglages_Montres(), "19200 bauds|n|8|1");
   Verifier_Succes();
 }
@@ -106,10 +102,7 @@ TEST_F(Test_Lecteur_Test, Echecs_Puis_Succes) {
     Octets Reponse, Config;
     std::string Reglages, Pane;
   } Cas[] = {{{}, {}, "---|---|---|---", ""},
-             {{0x00, 0xF2, 0xE0, 0x04, 0x00, 0x14, 0x00, 0xC8, 0x59, 0xA3},
-              {},
-              "---|---|---|---",
-              "0F2E040140C859A3"},
+             {{0x00, 0xF2, 0xE0, 0x04, 0x00, 0x14, 0x00, 0xC8, 0x59, 0xA3}, {}, "---|---|---|---", "0F2E040140C859A3"},
              {Accord, {}, "9600 bauds|n|8|1", "F2E040140C859A3"},
              {Accord, Configuration(122), "9600 bauds|n|8|1", "F2E040140C859A3"},
              {Accord, Configuration(124), "9600 bauds|n|8|1", "F2E040140C859A3"},
@@ -154,8 +147,8 @@ TEST_F(Test_Lecteur_Test, Reponse_En_Morceaux) {
   Tester();
   ASSERT_GE(Vues.size(), 6U);
   EXPECT_EQ((std::vector<std::string>(Vues.begin(), Vues.begin() + 6)),
-            (std::vector<std::string>{"", "F2E0", "F2E040", "F2E040140",
-                                      "F2E040140C8" + std::string("59"), "F2E040140C859A3"}));
+            (std::vector<std::string>{"", "F2E0", "F2E040", "F2E040140", "F2E040140C8" + std::string("59"),
+                                      "F2E040140C859A3"}));
   Verifier_Succes();
 }
 

@@ -31,8 +31,8 @@ void Creer_Repertoire(const std::string& Chemin) {
 }
 
 void Creer_Fichier(const std::string& Chemin, DWORD Attributs = 0) {
-  const Poignee F = Prendre_Poignee(CreateFileW(En_Utf16("\\\\?\\" + Chemin).c_str(), GENERIC_WRITE,
-                                                0, nullptr, CREATE_ALWAYS, Attributs, nullptr));
+  const Poignee F = Prendre_Poignee(
+      CreateFileW(En_Utf16("\\\\?\\" + Chemin).c_str(), GENERIC_WRITE, 0, nullptr, CREATE_ALWAYS, Attributs, nullptr));
   DWORD Ecrits = 0;
   WriteFile(F.get(), "abcde", 5, &Ecrits, nullptr);
 }
@@ -59,8 +59,7 @@ TEST(Windows, Recherche_Et_Lecture_Meme_Au_Dela_De_260_Caracteres) {
   std::string Long = Ici;
   for (int I = 0; I < 6; ++I) Creer_Repertoire(Long += std::string(50, 'x') + "é\\");
   for (const std::string& Ou : {Ici, Long}) {
-    for (const char* Nom : {"E1é 2.x.ing", "Ë2.ing", "F.ing", "E alias.ingot"})
-      Creer_Fichier(Ou + Nom);
+    for (const char* Nom : {"E1é 2.x.ing", "Ë2.ing", "F.ing", "E alias.ingot"}) Creer_Fichier(Ou + Nom);
     Creer_Fichier(Ou + "Ecache.ing", FILE_ATTRIBUTE_HIDDEN);
     Creer_Repertoire(Ou + "Edossier.ing");
     std::set<std::string> Noms;
@@ -90,21 +89,17 @@ TEST(Windows, Bibliotheque_Absente_Fautive_Incomplete) {
   const std::string Bouchon = Programme + "\\bouchon";
   for (const char* Sous : {"abime", "seule"}) Creer_Repertoire(Ici + Sous);
   Creer_Fichier(Ici + "abime\\Galclw32.dll");
-  CopyFileW(En_Utf16(Bouchon + "\\Galclw32.dll").c_str(),
-            En_Utf16(Ici + "seule\\Galclw32.dll").c_str(), FALSE);
+  CopyFileW(En_Utf16(Bouchon + "\\Galclw32.dll").c_str(), En_Utf16(Ici + "seule\\Galclw32.dll").c_str(), FALSE);
   SetCurrentDirectoryW(En_Utf16(Bouchon).c_str());
   // Never from the current directory; garbage; without what it depends on; as it should be.
-  for (const auto& [Path, Attendu] : {std::pair(std::string(".;;C:;\\"), 53),
-                                      {Ici + "abime", 48},
-                                      {Ici + "seule", 48},
-                                      {'"' + Bouchon + '"', 0}}) {
+  for (const auto& [Path, Attendu] :
+       {std::pair(std::string(".;;C:;\\"), 53), {Ici + "abime", 48}, {Ici + "seule", 48}, {'"' + Bouchon + '"', 0}}) {
     SetEnvironmentVariableW(L"PATH", En_Utf16(Path).c_str());
     EXPECT_EQ(Numero([&] { Galss.OuvrirSession(Nom, LAD, A, B); }), Attendu) << Path;
   }
   EXPECT_EQ(std::tuple(A, B, LAD), std::tuple(2, 42, Octets{'!'}));
   EXPECT_EQ(Numero([&] { Galss.FermerSession(1, A); }), 453);
-  for (int I = 0; I < 1000; ++I)
-    ASSERT_EQ(Numero([&] { Galss.DebutExclusivite(Nom, Nom, LAD, A); }), 51);
+  for (int I = 0; I < 1000; ++I) ASSERT_EQ(Numero([&] { Galss.DebutExclusivite(Nom, Nom, LAD, A); }), 51);
   EXPECT_EQ(Galss.FinExclusivite(-5), -4);
   EXPECT_GT(1.0 / double(Reponse[0]), 1.0);  // would trap if the library's state had stayed
   std::int32_t Aller = 2, Retour = 5;
@@ -130,9 +125,8 @@ TEST(Windows, Processus_Heure_Mois_Arguments) {
 
 TEST(Windows, Port_Serie_Sans_Port) {
   Port_Serie_Windows Port(250);
-  for (const char* Mauvais :
-       {"", "9600", "9600,n,8,", "9600,x,8,1", "9600,n,9,1", "9600,n,8,3", "0,n,8,1", "-9600,n,8,1",
-        "9600 ,n,8,1", "9600,n,8,1 ", "99999999,n,8,1"}) {
+  for (const char* Mauvais : {"", "9600", "9600,n,8,", "9600,x,8,1", "9600,n,9,1", "9600,n,8,3", "0,n,8,1",
+                              "-9600,n,8,1", "9600 ,n,8,1", "9600,n,8,1 ", "99999999,n,8,1"}) {
     EXPECT_EQ(Numero([&] { Port.Regler(Mauvais); }), 380) << Mauvais;
   }
   Port.Regler("19200,e,7,1.5");

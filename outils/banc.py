@@ -9,11 +9,10 @@ import sys
 import time
 from pathlib import Path
 
-RACINE = Path(__file__).resolve().parent.parent
-sys.path.insert(0, str(RACINE / "outils"))
-import poste as station  # noqa: E402
-from poste import attendre  # noqa: E402
+import poste as station
+from poste import attendre
 
+RACINE = Path(__file__).resolve().parent.parent
 BLOC = 2043
 tenus = manques = 0
 
