@@ -1,6 +1,7 @@
 #!/bin/bash
 # Installs the Debian packages that a task needs and that are missing. Groups: natif (build and
-# native tests), windows (the 32-bit program and Wine), controles (analysis and fuzzing), paquet
+# native tests), windows (the 32-bit program and Wine), controles (analysis and fuzzing), couverture
+# (branch coverage), paquet
 # (the archive for operators, its guide in PDF).
 # Without 32-bit Wine it leaves build/windows64.choix behind: the 64-bit program is used instead.
 set -u
@@ -11,6 +12,7 @@ declare -A groupes=(
   [windows]="g++-mingw-w64-i686-posix googletest wine wine32:i386 fonts-wine fonts-liberation locales
              xvfb xauth imagemagick xdotool"
   [mesures]="libbenchmark-dev valgrind"
+  [couverture]="gcovr"
   [controles]="clang clang-tidy clang-format cppcheck libclang-rt-14-dev"
   [paquet]="zip unzip weasyprint python3-markdown osslsigncode fonts-liberation"
 )

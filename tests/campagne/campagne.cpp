@@ -3,11 +3,11 @@
 // first failure.
 
 #include <sys/mman.h>
+#include <sys/prctl.h>
 #include <sys/resource.h>
 #include <sys/wait.h>
 #include <unistd.h>
 
-#include <array>
 #include <atomic>
 #include <cstdio>
 #include <cstring>
@@ -22,25 +22,13 @@ extern "C" std::size_t __sanitizer_get_current_allocated_bytes() __attribute__((
 
 namespace {
 
-enum Sorte {
-  Codes,
-  Longueurs,
-  Reponses,
-  Levees,
-  Fichiers,
-  Poste,
-  Ligne,
-  Lecteurs,
-  Operateur,
-  Paires,
-  Doubles,
-  Hasard,
-  Repetition,
-  Nombre_Sortes
-};
-constexpr std::array<const char*, Nombre_Sortes> Titres = {
-    "codes",    "longueurs", "reponses", "levees",  "fichiers", "poste",     "ligne",
-    "lecteurs", "operateur", "paires",   "doubles", "hasard",   "repetition"};
+// clang-format off
+enum Sorte { Codes, Longueurs, Reponses, Levees, Fichiers, Poste, Ligne, Lecteurs, Operateur, Paires, Doubles,
+             Hasard, Repetition, Nombre_Sortes };
+constexpr const char* Titres[] = {"codes", "longueurs", "réponses", "levées", "fichiers", "poste", "ligne",
+                                  "lecteurs", "opérateur", "paires", "doubles", "hasard", "répétition"};
+// clang-format on
+static_assert(std::size(Titres) == Nombre_Sortes);
 constexpr int Equipiers_Au_Plus = 16, Secondes_Par_Cas = 60;
 
 #define RESULTATS                                                                              \
@@ -50,8 +38,7 @@ constexpr int Equipiers_Au_Plus = 16, Secondes_Par_Cas = 60;
   "{0..4,117..119,2047..2049,-1,-32768,65536,2147483647,-2147483648,capacite,capacite+1,capacite-" \
   "1}"
 #define OCTETS_LECTEUR "{0..3,50..54,127..138,145..154,255}"
-#define DISQUE \
-  " tronquer_{0..4,506..508,600,1013..1017,1299,1301,5000,1000002,1000003} effacer vider remplir"
+#define DISQUE " tronquer_{0..4,506..508,600,1013..1017,1299,1301,5000,1000002,1000003} effacer vider remplir"
 #define PORT " memoire arracher muet inonder_{1,9,122..124,5000}"
 
 /// What fits each call. "appel" is any of the library's, "echange" its exchanges alone; the words
@@ -64,8 +51,7 @@ constexpr Coups Coups_Par_Appel[] = {
     {Codes, "appel", RESULTATS},
     {Codes, "echange", RESULTATS "_livre fois_2:code_64"},
     {Longueurs, "echange",
-     "vide longueur_" TAILLES " code_64_longueur_" TAILLES " code_1024_longueur_" TAILLES
-     " vide_longueur_" TAILLES},
+     "vide longueur_" TAILLES " code_64_longueur_" TAILLES " code_1024_longueur_" TAILLES " vide_longueur_" TAILLES},
     {Reponses, "appel", "noms_AAAA code_64_noms_AAAA code_8192_noms_\\x80\\xFF"},
     {Reponses, "echange",
      "refus_" OCTETS_LECTEUR " technique_" OCTETS_LECTEUR
@@ -102,12 +88,10 @@ constexpr std::string_view Lecteurs_Serie =
 std::vector<std::string> Etendre(std::string_view Mots) {
   std::vector<std::string> Tous;
   for (const auto Mot : Decouper(Mots, ' ')) {
-    const auto Debut = std::min(Mot.find('{'), Mot.size()),
-               Fin = std::min(Mot.find('}'), Mot.size());
+    const auto Debut = std::min(Mot.find('{'), Mot.size()), Fin = std::min(Mot.find('}'), Mot.size());
     const std::string Avant(Mot.substr(0, Debut)), Apres(Mot.substr(std::min(Fin + 1, Mot.size())));
     if (Debut == Fin) Tous.push_back(Avant);
-    for (const auto Valeur :
-         Decouper(Mot.substr(std::min(Debut + 1, Fin), Fin - std::min(Debut + 1, Fin)), ',')) {
+    for (const auto Valeur : Decouper(Mot.substr(std::min(Debut + 1, Fin), Fin - std::min(Debut + 1, Fin)), ',')) {
       const auto Points = Valeur.find("..");
       const bool Intervalle = Points != Valeur.npos;
       for (long I = Intervalle ? Lire_Nombre(Valeur.substr(0, Points), 0, 9999) : 0,
@@ -130,8 +114,7 @@ bool Vite = false;
 
 class Campagne {
  public:
-  Campagne(Tableau& T, int Rang, int Equipe, unsigned Graine)
-      : T_(T), Rang_(Rang), Equipe_(Equipe), Tirage_(Graine) {}
+  Campagne(Tableau& T, int Rang, int Equipe, unsigned Graine) : T_(T), Rang_(Rang), Equipe_(Equipe), Tirage_(Graine) {}
 
   void Tout() {
     for (const auto& S : Scenarios_Campagne) {
@@ -158,8 +141,7 @@ class Campagne {
 
   void Compter(Sorte Quoi, const std::string& Nom, const std::vector<std::string>& Plaintes) {
     ++(Plaintes.empty() ? T_.Passes : T_.Echecs)[Scenario_][Quoi];
-    for (const auto& Plainte : Plaintes)
-      std::printf("ECHEC %s : %s\n", Nom.c_str(), Plainte.c_str());
+    for (const auto& Plainte : Plaintes) std::printf("ECHEC %s : %s\n", Nom.c_str(), Plainte.c_str());
     if (Vite && !Plaintes.empty()) std::exit(1);
   }
 
@@ -174,18 +156,14 @@ class Campagne {
 
   /// Calls of a name in the clean run. Those of the line matter to the serial test alone.
   int Rangs(const Coups& C) const {
-    if (C.Appel == "appel" || C.Appel == "echange")
-      return static_cast<int>(Clair_.Operations.size());
+    if (C.Appel == "appel" || C.Appel == "echange") return static_cast<int>(Clair_.Operations.size());
     const auto Compte = Clair_.Appels.find(C.Appel);
     return Compte == Clair_.Appels.end() ? 0 : Compte->second;
   }
   bool Convient(const Coups& C, int Rang) const {
-    return C.Appel != "echange" ||
-           Clair_.Operations[static_cast<std::size_t>(Rang) - 1] == Cible::Echange;
+    return C.Appel != "echange" || Clair_.Operations[static_cast<std::size_t>(Rang) - 1] == Cible::Echange;
   }
-  static std::string Appel_De(const Coups& C) {
-    return std::string(C.Appel == "echange" ? "appel" : C.Appel);
-  }
+  static std::string Appel_De(const Coups& C) { return std::string(C.Appel == "echange" ? "appel" : C.Appel); }
 
   // Once, then from then on when the call comes again and the effect would be another.
   void Frapper() {
@@ -193,20 +171,16 @@ class Campagne {
       const auto Effets = Etendre(C.Effets);
       for (int Rang = 1; Rang <= Rangs(C); ++Rang) {
         for (const auto& Effet : Effets) {
-          const bool Utile =
-              Convient(C, Rang) && (!Effet.starts_with("nature") || Nom_ == "charge");
+          const bool Utile = Convient(C, Rang) && (!Effet.starts_with("nature") || Nom_ == "charge");
           if (!Utile || !A_Moi()) continue;
           const std::string Debut = Nom_ + "/" + Appel_De(C) + "_" + std::to_string(Rang);
           const bool Compose = Effet.starts_with("fois");
           const Bilan B = Passer(C.Quoi, Debut + (Compose ? "_" : ":") + Effet);
-          const auto Compte =
-              B.Appels.find(C.Appel == "appel" || C.Appel == "echange" ? "Galss" : C.Appel);
+          const auto Compte = B.Appels.find(C.Appel == "appel" || C.Appel == "echange" ? "Galss" : C.Appel);
           if (Compte->second <= Rang || Compose || Dure_De_Soi(Effet)) continue;
           // Where the program waits for a restarting reader, "from then on" takes 10 000 exchanges.
           int& Longues = Longues_[Debut];
-          Longues +=
-              Passer(C.Quoi, Debut + (Longues > 3 ? "_fois_30:" : "!:") + Effet).Operations.size() >
-              5000;
+          Longues += Passer(C.Quoi, Debut + (Longues > 3 ? "_fois_30:" : "!:") + Effet).Operations.size() > 5000;
         }
       }
     }
@@ -214,8 +188,7 @@ class Campagne {
   /// What is done once stays done.
   static bool Dure_De_Soi(std::string_view Effet) {
     const auto Mots = Etendre("tronquer effacer vider remplir profil muet arracher processus");
-    return std::any_of(Mots.begin(), Mots.end(),
-                       [&](const auto& Mot) { return Effet.starts_with(Mot); });
+    return std::any_of(Mots.begin(), Mots.end(), [&](const auto& Mot) { return Effet.starts_with(Mot); });
   }
 
   // A second fault after a first one, at each later call of the library; and the box that announces
@@ -226,9 +199,7 @@ class Campagne {
         "appel_R_fois_30:longueur_2147483647 appel_R:octets_00_02_FF appel_R:refus_50 "
         "Galss_R:tronquer_600");
     for (int I = 1; I <= static_cast<int>(Clair_.Operations.size()); ++I) {
-      if (A_Moi())
-        Passer(Doubles,
-               Nom_ + "/Galss_" + std::to_string(I) + ":erreur_48,Boite_Message_2:memoire");
+      if (A_Moi()) Passer(Doubles, Nom_ + "/Galss_" + std::to_string(I) + ":erreur_48,Boite_Message_2:memoire");
       for (const auto& Premier : Etendre("code_{64,64_livre,1024} refus_50 vide longueur_0")) {
         if (!A_Moi()) continue;
         const std::string Debut = Nom_ + "/appel_" + std::to_string(I) + ":" + Premier;
@@ -250,16 +221,14 @@ class Campagne {
     };
     const auto& Toutes = Clair_.Actions;
     for (std::size_t I = 0; I < Toutes.size(); ++I) {
-      const bool Nouveau = I == 0 || I + 1 == Toutes.size() || Toutes[I] != Toutes[I - 1] ||
-                           Toutes[I] != Toutes[I + 1];
+      const bool Nouveau = I == 0 || I + 1 == Toutes.size() || Toutes[I] != Toutes[I - 1] || Toutes[I] != Toutes[I + 1];
       for (const auto& A : Toutes[I]) {
         if (!A_Moi()) continue;
         const std::string Debut = Nom_ + "/" + Clic(I, A);
         Passer(Operateur, Debut);
         Epreuve Ensuite(Debut);
         Ensuite.Relever_Actions = Nouveau;
-        const auto Suites =
-            Nouveau ? Ensuite.Passer().Actions : std::vector<std::vector<std::string>>();
+        const auto Suites = Nouveau ? Ensuite.Passer().Actions : std::vector<std::vector<std::string>>();
         for (const std::size_t Second : {I, I + 1}) {
           if (I + 1 >= Suites.size()) continue;
           for (const auto& Autre : Suites[I + 1]) Passer(Paires, Debut + "," + Clic(Second, Autre));
@@ -274,8 +243,7 @@ class Campagne {
       for (auto Combien = 3 + Tirage_() % 5; Combien > 0; --Combien) {
         const auto& C = Coups_Par_Appel[Tirage_() % std::size(Coups_Par_Appel)];
         const auto Effets = Etendre(C.Effets);
-        const int Rang =
-            Rangs(C) == 0 ? 0 : 1 + static_cast<int>(Tirage_() % static_cast<unsigned>(Rangs(C)));
+        const int Rang = Rangs(C) == 0 ? 0 : 1 + static_cast<int>(Tirage_() % static_cast<unsigned>(Rangs(C)));
         const auto& Effet = Effets[Tirage_() % Effets.size()];
         if (Rang > 0 && Convient(C, Rang) && !Effet.starts_with("fois"))
           Nom += Appel_De(C) + "_" + std::to_string(Rang) + ":" + Effet + ",";
@@ -292,9 +260,8 @@ class Campagne {
     const auto Avant = E.Repeter(5, __sanitizer_get_current_allocated_bytes);
     const auto Apres = E.Repeter(50, __sanitizer_get_current_allocated_bytes);
     Compter(Repetition, Nom_,
-            Avant == Apres
-                ? std::vector<std::string>()
-                : std::vector<std::string>{std::to_string(Apres - Avant) + " octets de plus"});
+            Avant == Apres ? std::vector<std::string>()
+                           : std::vector<std::string>{std::to_string(Apres - Avant) + " octets de plus"});
   }
 
   void Changer_Lecteur() {
@@ -316,15 +283,15 @@ class Campagne {
 };
 
 int Tout_Passer(unsigned Graine) {
-  auto* const T = static_cast<Tableau*>(
-      mmap(nullptr, sizeof(Tableau), PROT_READ | PROT_WRITE, MAP_SHARED | MAP_ANONYMOUS, -1, 0));
+  auto* const T =
+      static_cast<Tableau*>(mmap(nullptr, sizeof(Tableau), PROT_READ | PROT_WRITE, MAP_SHARED | MAP_ANONYMOUS, -1, 0));
   const auto Debut = std::chrono::steady_clock::now();
-  const int Equipe =
-      std::clamp(static_cast<int>(std::thread::hardware_concurrency()), 2, Equipiers_Au_Plus);
+  const int Equipe = std::clamp(static_cast<int>(std::thread::hardware_concurrency()), 2, Equipiers_Au_Plus);
   std::printf("graine %u, %d processus\n", Graine, Equipe);
   std::fflush(stdout);
   for (int Rang = 0; Rang < Equipe; ++Rang) {
     if (fork() == 0) {
+      prctl(PR_SET_PDEATHSIG, SIGKILL);
       Campagne(*T, Rang, Equipe, Graine).Tout();
       std::exit(0);
     }
@@ -346,9 +313,8 @@ int Tout_Passer(unsigned Graine) {
   rusage Usage{};
   getrusage(RUSAGE_CHILDREN, &Usage);
   const std::chrono::duration<double> Duree = std::chrono::steady_clock::now() - Debut;
-  std::printf("\n%d traces distinctes, %.0f s (%ld s de processeur)\n%d passed, %d failed\n",
-              T->Traces.load(), Duree.count(), Usage.ru_utime.tv_sec + Usage.ru_stime.tv_sec,
-              Passes, Echecs);
+  std::printf("\n%d traces distinctes, %.0f s (%ld s de processeur)\n%d passed, %d failed\n", T->Traces.load(),
+              Duree.count(), Usage.ru_utime.tv_sec + Usage.ru_stime.tv_sec, Passes, Echecs);
   return Echecs != 0;
 }
 
@@ -357,8 +323,7 @@ int Passer_Seul(const std::string& Nom) {
   const Bilan B = E.Passer();
   for (const auto& Plainte : B.Plaintes) std::printf("ECHEC %s\n", Plainte.c_str());
   for (const auto& Boite : E.Ecran.Boites) std::printf("[boîte] %s\n", Boite.c_str());
-  std::printf("%s\n%d passed, %d failed\n", E.Pane().c_str(), B.Plaintes.empty(),
-              !B.Plaintes.empty());
+  std::printf("%s\n%d passed, %d failed\n", E.Pane().c_str(), B.Plaintes.empty(), !B.Plaintes.empty());
   return !B.Plaintes.empty();
 }
 
