@@ -124,7 +124,6 @@ bool Procedure_Mise_A_Jour::Confirmer(const std::string& Liste_Fichiers) {
 void Procedure_Mise_A_Jour::Charger(const Resultat_Decision& Decision, Etat& Run) {
   const Famille_Transfert Famille = Decision.Famille_Transfert;
   FMain_.Souris(Pointeur::Sablier);
-  if (Famille == Famille_Transfert::Telecharger_Fichier) Globales_.Version_Appli = "0000";
   bool Continuer = true;
   if (Decision.Charger_Noyau) {
     Continuer = Charger_Fichier(Famille, true);
@@ -138,11 +137,13 @@ void Procedure_Mise_A_Jour::Charger(const Resultat_Decision& Decision, Etat& Run
   FMain_.Souris(Pointeur::Defaut);
 }
 
-// The directory and the list are read again for each file.
+// The directory and the list are read again for each file. So is the version of the request put
+// back: the operator may have chosen another directory during the pause that follows a kernel.
 bool Procedure_Mise_A_Jour::Charger_Fichier(Famille_Transfert Famille, bool Noyau) {
   const Liste_Deroulante& Liste = Noyau ? FMain_.CchooseNoyau : FMain_.CchosseAppli;
   const std::string Chemin = Repertoire() + Liste.Texte();
   if (Famille == Famille_Transfert::Telecharger_Fichier) {
+    Globales_.Version_Appli = "0000";
     return Transferts_.Telecharger_Fichier(Chemin, Noyau);
   }
   Globales_.Version_Requete = "0000";
