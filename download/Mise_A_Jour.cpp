@@ -174,13 +174,12 @@ bool Mise_A_Jour::Finir(Transfert& T, bool Reussi) {
   return Reussi;
 }
 
-// Only inside a catch block. No pause, no disconnection; the pointer stays as it is. A failure of
-// the announcement itself (no memory left for a line or a box) must not keep the window disabled.
+// Only inside a catch block. No pause, no disconnection; the pointer stays as it is.
 bool Mise_A_Jour::Abandonner(Transfert& T) {
   try {
     Annoncer_Abandon(T);
   } catch (const std::exception&) {
-    T.Fichier.reset();
+    // No memory left for a line or a box: the window must not stay disabled for that.
   }
   if (FrmAnimCharg_.Ouverte()) FrmAnimCharg_.Fermer();
   FMain_.CmdQuitter.Active(true);
