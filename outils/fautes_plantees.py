@@ -32,6 +32,7 @@ FAUTES = [
     ("download/Mise_A_Jour.cpp", 'Noyau ? "0000"', 'Noyau ? "0001"'),
     ("download/Mise_A_Jour.cpp", "  } catch (const std::exception&) {\n    return Abandonner(T);", "  } catch (const Erreur&) {\n    return Abandonner(T);"),
     ("download/Mise_A_Jour.cpp", "if (Reussi) {\n      Reussir(T);", "if (Reussi || T.Message.empty()) {\n      Reussir(T);"),
+    ("update/Procedure_Mise_A_Jour.cpp", 'Globales_.Version_Appli = "0000";', ""),
     ("download/Trames.cpp", "Longueur < 0 || ", ""),
     ("download/Trames.cpp", "Longueur > Longueur_Maximale", "Longueur > Longueur_Maximale + 1"),
     ("download/Trames.h", "Rang.Dernier ? 0x10", "Rang.Dernier ? 0x20"),

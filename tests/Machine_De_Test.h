@@ -98,7 +98,7 @@ struct Disque_De_Test : Systeme_Fichiers {
   }
   std::int64_t Taille(std::string_view Chemin) override {
     Pannes_.Passer("Taille");
-    return static_cast<std::int64_t>(Trouver(Chemin).size());
+    return Derniere_Taille = static_cast<std::int64_t>(Trouver(Chemin).size());
   }
   std::unique_ptr<Fichier_Ouvert> Ouvrir(std::string_view Chemin) override {
     Pannes_.Passer("Ouvrir_Fichier");
@@ -134,6 +134,7 @@ struct Disque_De_Test : Systeme_Fichiers {
   std::vector<std::string> Ordre;
   std::map<std::string, Octets, std::less<>> Fichiers;
   std::vector<std::string> Ouvertures;  // paths, in order
+  std::int64_t Derniere_Taille = 0;
   int Ouverts = 0;
 };
 

@@ -6,6 +6,7 @@
 
 namespace {
 
+constexpr int Octets_Retenus = 3;  // at the end of a file, by the second family
 constexpr double Duree_Transfert = 26, Duree_Test = 6;  // at most, in seconds
 
 const Scenario_Campagne& Scenario_Nomme(std::string_view Nom) {
@@ -258,6 +259,9 @@ void Epreuve::Voir_Echange(Vue_Octets Commande, std::int16_t Code, Vue_Octets Re
   Exiger(!Demande || Noyau || !Vus_.Noyau_En_Cours, "application après un noyau échoué");
   Vus_.Noyau_En_Cours = Vus_.Noyau_En_Cours || (Demande && Noyau);
   const bool Premiere_Famille = Trame.Famille == Famille_Trames::Telechargement;
+  Exiger(!Demande || Longueur_Declaree(Trame) ==
+                         Disque.Derniere_Taille - (Premiere_Famille ? 0 : Octets_Retenus),
+         "longueur annoncée");
   if (!Vaut_Accord(Trame, Code, Reponse, Longueur) || (Demande && Reponse[2] == 0)) {
     ++Vus_.Refus;
   } else if (Lecteur.Fichiers().back().Complet()) {
@@ -296,7 +300,7 @@ void Epreuve::Juger_Lecteur() {
     // The error handler disconnects whether or not a failed transfer already did.
     const bool Deja_Fermee = Vus_.Levees_Dehors > 0 && Vus_.Refus > 0 &&
                              (Faute.starts_with("libération") || Faute.starts_with("fermeture"));
-    Exiger(Deja_Fermee || Vus_.Clics > 0, Faute);
+    Exiger(Deja_Fermee || Bilan_.Appels["Ecrire_Profil"] > 1, Faute);
   }
   for (const auto& Faute : Serie_.Fautes()) Exiger(false, Faute);
   Exiger(Vus_.Succes_Montres == Vus_.Reussis,
@@ -306,7 +310,7 @@ void Epreuve::Juger_Lecteur() {
 
 // After a refused transfer and after a failure outside a transfer; nowhere else.
 void Epreuve::Juger_Session() {
-  if (Vus_.Clics > 0 || Vus_.Sans_Traitant || (!Choix.Mise_A_Jour && !Reprise_)) return;
+  if (Bilan_.Appels["Ecrire_Profil"] > 1 || Vus_.Sans_Traitant || (!Choix.Mise_A_Jour && !Reprise_)) return;
   const int Fins = Lecteur.Nombre(Cible::FinExclusivite) - Vus_.Fins;
   const int Fermetures = Lecteur.Nombre(Cible::FermerSession) - Vus_.Fermetures;
   Exiger(Fins == Vus_.Refus + Vus_.Levees_Connecte, "libérations : " + std::to_string(Fins));

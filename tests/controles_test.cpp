@@ -1,0 +1,124 @@
+// The controls as models: what a native peer is told, the lists' corners; UTF-8 at its borders.
+
+#include <gtest/gtest.h>
+
+#include "platform/Utf8.h"
+#include "tests/Machine_De_Test.h"
+
+namespace {
+
+struct Pair_De_Test : Pair_Fenetre {
+  void Actualiser(Propriete Quoi) override { Vu += static_cast<char>('0' + static_cast<int>(Quoi)); }
+  void Repeindre() override { Vu += 'P'; }
+  void Montrer() override { Vu += 'M'; }
+  void Premier_Plan() override { Vu += 'A'; }
+  void Detruire() override { Vu += 'D'; }
+  std::string Vu;
+};
+
+struct Controles_Test : testing::Test {
+  struct Ecran_Natif : Ecran_De_Test {
+    using Ecran_De_Test::Ecran_De_Test;
+    Pair_Fenetre* Creer(Fenetre& F) override {
+      for (Controle* Un : F.Controles()) Un->Attacher(&Pair);
+      return &Pair;
+    }
+    Pair_De_Test Pair;
+  };
+  /// What the peer was told since the last call; a property by its rank in Propriete.
+  std::string Vu() { return std::exchange(Ecran.Pair.Vu, {}); }
+
+  Pannes P;
+  Horloge_De_Test Temps;
+  Ecran_Natif Ecran{Temps, P};
+  Disque_De_Test Disque{P};
+  Fenetres F{Ecran, Disque};
+};
+
+TEST_F(Controles_Test, Le_Pair_Apprend_Chaque_Changement) {
+  auto& M = F.FMain;
+  M.Montrer();
+  M.Montrer();
+  M.lbltpe.Texte("x");
+  M.lbltpe.Encre(Couleurs::Rouge);
+  M.lbltpe.Visible(false);
+  M.CmdMaj.Active(false);
+  M.OptManuel.Choisir();
+  M.CchooseNoyau.Ajouter("a");
+  M.CchooseNoyau.Choisir(0);
+  M.Repeindre();
+  M.lbltpe.Repeindre();
+  M.Premier_Plan();
+  M.Souris(Pointeur::Sablier);
+  M.Active(false);
+  EXPECT_EQ(Vu(),
+            "MM01234450"
+            "6PPA73");
+  M.MnApropos.Cliquer();
+  M.Fermer_Par_Cadre();
+  M.CmdQuitter.Cliquer();
+  EXPECT_TRUE(M.Ouverte()) << "a disabled window does nothing";
+  M.Active(true);
+  M.Fermer_Par_Cadre();
+  M.Fermer_Par_Cadre();
+  EXPECT_EQ(Vu(), "3D") << "closed once, detached before the design state returns";
+  F.FrmAnimCharg.Montrer();
+  F.FrmAnimCharg.Fermer_Par_Cadre();
+  EXPECT_TRUE(F.FrmAnimCharg.Ouverte()) << "no close box";
+}
+
+TEST_F(Controles_Test, Listes_Hors_De_Leurs_Bornes) {
+  auto& D = F.FDossierING;
+  D.DriveLecteur.Choisir_A_La_Main(0);
+  D.DirDirectory.Ouvrir_A_La_Main(0);
+  F.FMain.CchooseNoyau.Choisir_A_La_Main(0);
+  F.FMain.CchooseNoyau.Taper();
+  D.Montrer();
+  F.FMain.Montrer();
+  D.DriveLecteur.Montrer("Z:\\rien");
+  EXPECT_EQ(D.DriveLecteur.Lecteur(), "");
+  const std::pair<const char*, std::string> Arbres[] = {
+      {"", ""},
+      {"C:\\", "C:\\|"},
+      {"C:\\a\\b", "C:\\|C:\\a|C:\\a\\b|"},
+      {"C:\\Pavorin", "C:\\|C:\\Pavorin|C:\\Pavorin\\Logiciels|C:\\Pavorin\\Vide|"},
+      {"\\\\serveur", "\\\\serveur|"},
+      {"\\\\serveur\\part", "\\\\serveur\\part|"},
+      {"\\\\serveur\\part\\a", "\\\\serveur\\part\\|\\\\serveur\\part\\a|"}};
+  for (const auto& [Chemin, Attendu] : Arbres) {
+    D.DirDirectory.Montrer(Chemin);
+    std::string Lu;
+    for (const auto& L : D.DirDirectory.Lignes()) Lu += L.Chemin + "|";
+    EXPECT_EQ(Lu, Attendu);
+    EXPECT_EQ(D.DirDirectory.Indice() < 0, Attendu.empty());
+    D.DirDirectory.Repertoire(Chemin);
+  }
+  const std::string Avant = D.DirDirectory.Repertoire();
+  for (const int I : {-1, 2, 99}) {
+    D.DirDirectory.Ouvrir_A_La_Main(I);
+    D.DriveLecteur.Choisir_A_La_Main(I);
+    F.FMain.CchooseNoyau.Choisir(I);
+  }
+  EXPECT_EQ(D.DirDirectory.Repertoire(), Avant);
+  EXPECT_EQ(D.DriveLecteur.Indice(), -1);
+  EXPECT_EQ(F.FMain.CchooseNoyau.Indice(), Liste_Deroulante::Aucun);
+}
+
+TEST(Utf8, Aux_Bornes) {
+  for (const char32_t C : {0x24, 0x7F, 0x80, 0x7FF, 0x800, 0xD7FF, 0xE000, 0xFFFF, 0x10000, 0x10FFFF}) {
+    std::string Texte;
+    Ajouter_Utf8(Texte, C);
+    std::string_view Reste = Texte;
+    EXPECT_EQ(Prendre_Caractere(Reste), C);
+    EXPECT_TRUE(Reste.empty());
+  }
+  for (const std::string_view Faux : {"\x80", "\xC1\xBF", "\xE0\x9F\xBF", "\xED\xA0\x80", "\xF0\x8F\xBF\xBF",
+                                      "\xF4\x90\x80\x80", "\xF8\x88\x80\x80", "\xE2\x82", "\xE2\x28\xA1"}) {
+    std::string_view Reste = Faux;
+    EXPECT_EQ(Prendre_Caractere(Reste), Caractere_Invalide) << Hexadecimal(static_cast<unsigned char>(Faux[0]));
+    EXPECT_EQ(Reste.size(), Faux.size() - 1);
+  }
+  EXPECT_EQ(Cp1252_De_Texte("\u0080\u0100\u00A0\u20AC"), (Octets{'?', '?', 0xA0, 0x80}));
+}
+
+}  // namespace
