@@ -17,13 +17,14 @@ export mingw journal
 
 # examiner FICHIER: silent when it is clean.
 examiner() {
-  local trace
+  local trace unicode=
+  grep -q "$(basename "$1")" platform/windows/fenetrage.cmake && unicode=-DUNICODE
   trace=$journal/$(tr / _ <<<"$1").txt
   if grep -q "/$1\"" build/natif/compile_commands.json; then
     clang-tidy -p build/natif --quiet "$1" >"$trace" 2>/dev/null
   else
     clang-tidy --quiet "$1" -- --target=i686-w64-mingw32 -nostdinc -nostdinc++ $mingw -std=c++20 -I. \
-      -D_WIN32_WINNT=0x0601 -DWINVER=0x0601 -DWIN32_LEAN_AND_MEAN -DNOMINMAX -DUNICODE >"$trace" 2>/dev/null
+      -D_WIN32_WINNT=0x0601 -DWINVER=0x0601 -DWIN32_LEAN_AND_MEAN -DNOMINMAX $unicode >"$trace" 2>/dev/null
   fi && return
   grep -E 'error|warning' "$trace" | sed "s|$PWD/||"
   echo "$1" >>"$journal/echecs"
