@@ -21,7 +21,7 @@ eprouver() {
   else
     echo "ECHEC $cible : $trouve.log"
     tail -n 20 "$trouve.log"
-  fi 2>/dev/null
+  fi
 }
 export -f eprouver
 
