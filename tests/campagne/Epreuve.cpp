@@ -7,6 +7,7 @@
 namespace {
 
 constexpr int Octets_Retenus = 3;  // at the end of a file, by the second family
+constexpr int Plus_Petit_Bloc = 507;
 constexpr double Duree_Transfert = 26, Duree_Test = 6;  // at most, in seconds
 
 const Scenario_Campagne& Scenario_Nomme(std::string_view Nom) {
@@ -19,14 +20,12 @@ const Scenario_Campagne& Scenario_Nomme(std::string_view Nom) {
 
 std::vector<std::string_view> Perturbations_De(std::string_view Nom) {
   const auto Debut = Nom.find('/');
-  return Debut == std::string_view::npos ? std::vector<std::string_view>()
-                                         : Decouper(Nom.substr(Debut + 1), ',');
+  return Debut == std::string_view::npos ? std::vector<std::string_view>() : Decouper(Nom.substr(Debut + 1), ',');
 }
 
 bool Pour_Le_Lecteur(std::string_view P) {
   const auto Mot = P.substr(0, P.find_first_of("_:!"));
-  return Mot == "lecteur" ||
-         std::find(Noms_Cibles.begin(), Noms_Cibles.end(), Mot) != Noms_Cibles.end();
+  return Mot == "lecteur" || std::find(Noms_Cibles.begin(), Noms_Cibles.end(), Mot) != Noms_Cibles.end();
 }
 
 /// The reader's whole scenario. "_" stands for a blank, "!" for "toujours".
@@ -71,20 +70,10 @@ Octets Contenu_De(std::string_view Chemin, std::size_t Taille) {
 }
 
 std::string Reglage_Hostile(int Rang) {
-  const std::string Textes[] = {"",
-                                " ",
-                                "C:\\Absent",
-                                std::string("C:\\Pavorin\0", 11),
-                                "\\",
-                                ".",
-                                "\\\\serveur\\part",
-                                "C:",
-                                std::string(199, 'x'),
-                                "\x81\x8D\xFF",
-                                std::string(3, '\0'),
-                                "C:\\Pavorin  ",
-                                "..\\..",
-                                "\"C:\\Pavorin\""};
+  // clang-format off
+  const std::string Textes[] = {"", " ", "C:\\Absent", std::string("C:\\Pavorin\0", 11), "\\", ".", "\\\\serveur\\part", "C:",
+      std::string(199, 'x'), "\x81\x8D\xFF", std::string(3, '\0'), "C:\\Pavorin  ", "..\\..", "\"C:\\Pavorin\""};
+  // clang-format on
   return Textes[static_cast<std::size_t>(Rang) % std::size(Textes)];
 }
 
@@ -101,9 +90,8 @@ Epreuve::Epreuve(const std::string& Nom)
     if (Pour_Le_Lecteur(P)) continue;
     const auto Deux_Points = P.find(':'), Tiret = P.rfind('_', Deux_Points);
     const auto Effet = P.substr(Deux_Points + 1);
-    Perturbations_.push_back(
-        {std::string(P.substr(0, Tiret)), std::string(Effet), Nombre_De(P.substr(Tiret + 1)),
-         Nombre_De(Effet.substr(Effet.find('_') + 1)), P[Deux_Points - 1] == '!'});
+    Perturbations_.push_back({std::string(P.substr(0, Tiret)), std::string(Effet), Nombre_De(P.substr(Tiret + 1)),
+                              Nombre_De(Effet.substr(Effet.find('_') + 1)), P[Deux_Points - 1] == '!'});
   }
   for (const std::string Repertoire : {"C:\\Pavorin\\", "C:\\Pavorin\\Logiciels\\"}) {
     if (Choix.Noyau != 0) Poser_Fichier(Repertoire + "Fexa0500.ing", Choix.Noyau);
@@ -153,9 +141,15 @@ void Epreuve::Retablir() {
 void Epreuve::Agir(const std::function<void()>& Action) {
   if (Arrete) return;
   try {
-    Action();
+    Tenter(Action);
   } catch (const Programme_Arrete&) {
     Arrete = true;
+  }
+}
+
+void Epreuve::Tenter(const std::function<void()>& Action) {
+  try {
+    Action();
   } catch (const std::exception&) {
     ++Vus_.Echappees;
   }
@@ -182,13 +176,7 @@ void Epreuve::Frapper(const Perturbation& P, std::string_view Appel) {
   if (Est("clic_")) {
     ++Vus_.Clics;
     for (const auto& A : Actions_Permises(App.F)) {
-      if (A.Nom != P.Effet.substr(5)) continue;
-      try {
-        A.Faire();
-      } catch (const std::exception&) {
-        ++Vus_.Echappees;
-      }
-      return;
+      if (A.Nom == P.Effet.substr(5)) return Tenter(A.Faire);
     }
     Bilan_.Impossible = true;
   } else if (Est("tronquer")) {
@@ -219,18 +207,14 @@ void Epreuve::Frapper(const Perturbation& P, std::string_view Appel) {
 }
 
 void Epreuve::Lever(const Perturbation& P, std::string_view Appel) {
-  const bool Fin = Appel == "Galss" &&
-                   (Operation_ == Cible::FinExclusivite || Operation_ == Cible::FermerSession);
-  const bool Transfert =
-      App.F.FrmAnimCharg.Ouverte() || Appel == "Taille" || Appel == "Ouvrir_Fichier";
+  const bool Fin = Appel == "Galss" && (Operation_ == Cible::FinExclusivite || Operation_ == Cible::FermerSession);
+  const bool Transfert = App.F.FrmAnimCharg.Ouverte() || Appel == "Taille" || Appel == "Ouvrir_Fichier";
   A_Repeter_.reset();
-  // Only the update, the transfers and the serial test have a handler of their own.
-  constexpr std::string_view Sans_Traitant[] = {"Boite_Message",      "Chercher",
-                                                "Sous_Repertoires",   "Lecteurs",
-                                                "Repertoire_Courant", "Lire_Profil"};
-  Vus_.Sans_Traitant =
-      Vus_.Sans_Traitant || std::find(std::begin(Sans_Traitant), std::end(Sans_Traitant), Appel) !=
-                                std::end(Sans_Traitant);
+  // The update, the transfers and the serial test alone have a handler of their own.
+  constexpr std::string_view Sans_Traitant[] = {"Boite_Message", "Chercher",           "Sous_Repertoires",
+                                                "Lecteurs",      "Repertoire_Courant", "Lire_Profil"};
+  Vus_.Sans_Traitant = Vus_.Sans_Traitant ||
+                       std::find(std::begin(Sans_Traitant), std::end(Sans_Traitant), Appel) != std::end(Sans_Traitant);
   Vus_.Levees_Fin += Fin && Operation_ == Cible::FinExclusivite ? 1 : 0;
   Vus_.Levees_Dedans += Transfert ? 1 : 0;
   Vus_.Levees_Dehors += !Transfert && !Fin ? 1 : 0;
@@ -241,8 +225,7 @@ void Epreuve::Lever(const Perturbation& P, std::string_view Appel) {
 }
 
 // An exchange is over once its answer is not 64, or was given to its repetition.
-void Epreuve::Voir_Echange(Vue_Octets Commande, std::int16_t Code, Vue_Octets Reponse,
-                           std::int32_t Longueur) {
+void Epreuve::Voir_Echange(Vue_Octets Commande, std::int16_t Code, Vue_Octets Reponse, std::int32_t Longueur) {
   if (Code == 64 && !A_Repeter_) {
     A_Repeter_ = Octets(Commande.begin(), Commande.end());
     return;
@@ -258,9 +241,10 @@ void Epreuve::Voir_Echange(Vue_Octets Commande, std::int16_t Code, Vue_Octets Re
   const bool Noyau = Est_Noyau(Disque.Ouvertures.back());
   Exiger(!Demande || Noyau || !Vus_.Noyau_En_Cours, "application après un noyau échoué");
   Vus_.Noyau_En_Cours = Vus_.Noyau_En_Cours || (Demande && Noyau);
+  Vus_.Blocs = Demande ? 0 : Vus_.Blocs + 1;
+  Exiger(Vus_.Blocs <= Disque.Derniere_Taille / Plus_Petit_Bloc + 1, "plus de blocs que n'en veut le fichier");
   const bool Premiere_Famille = Trame.Famille == Famille_Trames::Telechargement;
-  Exiger(!Demande || Longueur_Declaree(Trame) ==
-                         Disque.Derniere_Taille - (Premiere_Famille ? 0 : Octets_Retenus),
+  Exiger(!Demande || Longueur_Declaree(Trame) == Disque.Derniere_Taille - (Premiere_Famille ? 0 : Octets_Retenus),
          "longueur annoncée");
   if (!Vaut_Accord(Trame, Code, Reponse, Longueur) || (Demande && Reponse[2] == 0)) {
     ++Vus_.Refus;
@@ -290,22 +274,20 @@ void Epreuve::Juger_Lecteur() {
   const auto& Recus = Lecteur.Fichiers();
   for (auto I = Vus_.Fichiers; I < Recus.size(); ++I) {
     const auto& Recu = Recus[I].Contenu;
-    const auto Debut_De = [&](std::string_view Nom) {
-      return Contenu_De(Nom, Recu.size()) == Recu;
-    };
+    const auto Debut_De = [&](std::string_view Nom) { return Contenu_De(Nom, Recu.size()) == Recu; };
     Exiger(Debut_De("Fexa") || Debut_De("ER"), "octets reçus qui ne sont pas ceux du fichier");
   }
   for (auto I = Vus_.Fautes; I < Lecteur.Fautes().size(); ++I) {
     const std::string& Faute = Lecteur.Fautes()[I];
     // The error handler disconnects whether or not a failed transfer already did.
-    const bool Deja_Fermee = Vus_.Levees_Dehors > 0 && Vus_.Refus > 0 &&
-                             (Faute.starts_with("libération") || Faute.starts_with("fermeture"));
+    const bool Deja_Fermee =
+        Vus_.Levees_Dehors > 0 && Vus_.Refus > 0 && (Faute.starts_with("libération") || Faute.starts_with("fermeture"));
     Exiger(Deja_Fermee || Bilan_.Appels["Ecrire_Profil"] > 1, Faute);
   }
+  Exiger(Vus_.Lectures <= 1 || Vus_.Reussis > 0 || Bilan_.Appels["Ecrire_Profil"] > 1, "lectures répétées sans noyau");
   for (const auto& Faute : Serie_.Fautes()) Exiger(false, Faute);
   Exiger(Vus_.Succes_Montres == Vus_.Reussis,
-         "succès montrés : " + std::to_string(Vus_.Succes_Montres) +
-             ", vrais : " + std::to_string(Vus_.Reussis));
+         "succès montrés : " + std::to_string(Vus_.Succes_Montres) + ", vrais : " + std::to_string(Vus_.Reussis));
 }
 
 // After a refused transfer and after a failure outside a transfer; nowhere else.
@@ -318,9 +300,7 @@ void Epreuve::Juger_Session() {
   const bool Transferts = Bilan_.Appels["Taille"] > Vus_.Noyaux_Sans_Suite;
   const bool Rallume = Vus_.Levees_Dehors + Vus_.Levees_Dedans > 0 || Transferts;
   Exiger(FMain.CmdQuitter.Active() == (Rallume || !Vus_.Quitter_Eteint), "\"Quitter\"");
-  Exiger(
-      FMain.Souris() == Pointeur::Defaut || (Vus_.Levees_Dehors > 0 && Bilan_.Appels["Taille"] > 0),
-      "sablier");
+  Exiger(FMain.Souris() == Pointeur::Defaut || (Vus_.Levees_Dehors > 0 && Bilan_.Appels["Taille"] > 0), "sablier");
 }
 
 void Epreuve::Juger_Poste() {
@@ -328,8 +308,7 @@ void Epreuve::Juger_Poste() {
   Exiger(Disque.Ouverts == 0, "fichier laissé ouvert");
   Exiger(!Port.Ouvert() || Vus_.Erreurs_Montrees > 0 || Arrete, "port laissé ouvert");
   Exiger(Ecran.Plus_Longue.count() <= 50, "attente sourde");
-  const double Duree =
-      Bilan_.Appels["Taille"] * Duree_Transfert + Bilan_.Appels["Ouvrir_Port"] * Duree_Test;
+  const double Duree = Bilan_.Appels["Taille"] * Duree_Transfert + Bilan_.Appels["Ouvrir_Port"] * Duree_Test;
   Exiger(Temps.Maintenant - Vus_.Debut <= Duree, "trop long");
   Exiger(Vus_.Echappees == 0 || Vus_.Sans_Traitant, "erreur échappée");
   const Octets& Reglage = Profil.Repertoire();
@@ -403,9 +382,7 @@ std::size_t Epreuve::Repeter(int Fois, std::size_t (*Mesurer)()) {
     Mettre_A_Jour();
     Tester();
   }
-  const auto Vider = [](auto&... Journaux) {
-    ((Journaux = std::remove_reference_t<decltype(Journaux)>()), ...);
-  };
+  const auto Vider = [](auto&... Journaux) { ((Journaux = std::remove_reference_t<decltype(Journaux)>()), ...); };
   Vider(Ecran.Boites, Port.Conversation, Port.Arrivees, Disque.Ouvertures, Processus.Termines);
   std::size_t Recus = Lecteur.Fichiers().capacity() * sizeof(Fichier_Recu);
   for (const auto& F : Lecteur.Fichiers()) Recus += F.Contenu.capacity();

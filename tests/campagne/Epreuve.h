@@ -16,9 +16,16 @@
 
 #include "simulator/Lecteur_Serie.h"
 #include "tests/Machine_De_Test.h"
-#include "tests/campagne/Operateur.h"
 
 class Epreuve;
+
+/// An operator's action that the open windows allow. Nom: the control's number, with the entry for a
+/// list ("204-1", "204-t" to type in it), or "fermer-" and the window's rank.
+struct Action {
+  std::string Nom;
+  std::function<void()> Faire;
+};
+std::vector<Action> Actions_Permises(Fenetres& F);
 
 struct Scenario_Campagne {
   std::string_view Nom, Lecteur;
@@ -34,8 +41,8 @@ struct Bilan {
   std::map<std::string, int, std::less<>> Appels;
   std::vector<Cible> Operations;                  ///< of the library, in order
   std::vector<std::vector<std::string>> Actions;  ///< allowed at each yield, when asked for
-  bool Impossible = false;    ///< an action that the windows did not allow at that moment
-  std::size_t Empreinte = 0;  ///< of all that could be seen
+  bool Impossible = false;                        ///< an action that the windows did not allow at that moment
+  std::size_t Empreinte = 0;                      ///< of all that could be seen
 };
 
 class Epreuve : public Poste_De_Test {
@@ -76,7 +83,7 @@ class Epreuve : public Poste_De_Test {
     mutable bool Frappe = false;
   };
   struct Faits {
-    int Refus = 0, Reussis = 0, Noyaux_Sans_Suite = 0, Lectures = 0;  // of the reader
+    int Refus = 0, Reussis = 0, Noyaux_Sans_Suite = 0, Lectures = 0, Blocs = 0;  // of the reader
     int Levees_Dehors = 0, Levees_Connecte = 0, Levees_Dedans = 0,
         Levees_Fin = 0;  // raised to the program
     int Succes_Montres = 0, Erreurs_Montrees = 0, Echappees = 0, Clics = 0;
@@ -86,6 +93,7 @@ class Epreuve : public Poste_De_Test {
     std::size_t Fichiers = 0, Fautes = 0;
   };
 
+  void Tenter(const std::function<void()>& Action);
   void Passer_Appel(std::string_view Appel);
   void Frapper(const Perturbation& P, std::string_view Appel);
   [[noreturn]] void Lever(const Perturbation& P, std::string_view Appel);

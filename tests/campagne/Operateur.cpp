@@ -1,4 +1,6 @@
-#include "tests/campagne/Operateur.h"
+// Everything that the open windows allow the operator at this moment.
+
+#include "tests/campagne/Epreuve.h"
 
 namespace {
 
@@ -61,8 +63,7 @@ class Releve : public Visiteur_Controles {
 
 std::vector<Action> Actions_Permises(Fenetres& F) {
   Releve Toutes;
-  Fenetre* const Fenetres_Du_Programme[] = {&F.FMain, &F.FDossierING, &F.FrmAnimCharg,
-                                            &F.FrmResultParam, &F.frmAbout};
+  Fenetre* const Fenetres_Du_Programme[] = {&F.FMain, &F.FDossierING, &F.FrmAnimCharg, &F.FrmResultParam, &F.frmAbout};
   for (int I = 0; I < 5; ++I) Toutes.Relever(*Fenetres_Du_Programme[I], I);
   return std::move(Toutes.Liste);
 }
