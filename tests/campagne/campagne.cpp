@@ -11,6 +11,7 @@
 #include <atomic>
 #include <cstdio>
 #include <cstring>
+#include <fstream>
 #include <random>
 #include <thread>
 #include <unordered_set>
@@ -31,76 +32,60 @@ constexpr const char* Titres[] = {"codes", "longueurs", "réponses", "levées", 
 static_assert(std::size(Titres) == Nombre_Sortes);
 constexpr int Equipiers_Au_Plus = 16, Secondes_Par_Cas = 60;
 
-#define RESULTATS                                                                              \
-  "code_{-32764,-32760,-32768,-2,-1,1,2,3,4,7,8,16,52,64,128,255,256,512,1024,2048,4096,8192," \
-  "8196,16384,32767}"
-#define TAILLES                                                                                    \
-  "{0..4,117..119,2047..2049,-1,-32768,65536,2147483647,-2147483648,capacite,capacite+1,capacite-" \
-  "1}"
-#define OCTETS_LECTEUR "{0..3,50..54,127..138,145..154,255}"
-#define DISQUE " tronquer_{0..4,506..508,600,1013..1017,1299,1301,5000,1000002,1000003} effacer vider remplir"
-#define PORT " memoire arracher muet inonder_{1,9,122..124,5000}"
+std::vector<std::string> Valeurs(std::string_view Accolade) {
+  std::vector<std::string> Toutes;
+  for (const auto Valeur : Decouper(Accolade, ',')) {
+    const auto Points = Valeur.find("..");
+    if (Points == Valeur.npos) {
+      Toutes.emplace_back(Valeur);
+      continue;
+    }
+    const long Dernier = Lire_Nombre(Valeur.substr(Points + 2), 0, 9999);
+    for (long I = Lire_Nombre(Valeur.substr(0, Points), 0, 9999); I <= Dernier; ++I)
+      Toutes.push_back(std::to_string(I));
+  }
+  return Toutes;
+}
 
-/// What fits each call. "appel" is any of the library's, "echange" its exchanges alone; the words
-/// are the effects, "{...}" stands for each of its values.
-struct Coups {
-  Sorte Quoi;
-  std::string_view Appel, Effets;
-};
-constexpr Coups Coups_Par_Appel[] = {
-    {Codes, "appel", RESULTATS},
-    {Codes, "echange", RESULTATS "_livre fois_2:code_64"},
-    {Longueurs, "echange",
-     "vide longueur_" TAILLES " code_64_longueur_" TAILLES " code_1024_longueur_" TAILLES " vide_longueur_" TAILLES},
-    {Reponses, "appel", "noms_AAAA code_64_noms_AAAA code_8192_noms_\\x80\\xFF"},
-    {Reponses, "echange",
-     "refus_" OCTETS_LECTEUR " technique_" OCTETS_LECTEUR
-     " nature_{0..255} octets_{00,01,FF} octets_00_{00,01,02,20,91,FF} octets_01_{00,32,82,FF} "
-     "octets_00_02_{00,01,02,FF} octets_FF_FF_{00,01,02}"},
-    {Levees, "Galss", "erreur_{48,51,53,453} memoire inconnue"},
-    {Fichiers, "Galss", DISQUE},
-    {Fichiers, "Lire", "erreur_{5,57,62,70} memoire inconnue" DISQUE},
-    {Fichiers, "Taille", "erreur_{53,57,70,76} memoire tronquer_{5..60,2020..2060}" DISQUE},
-    {Fichiers, "Ouvrir_Fichier", "erreur_{53,57,70,76} memoire" DISQUE},
-    {Fichiers, "Chercher", "vider remplir effacer memoire inconnue"},
-    {Fichiers, "Sous_Repertoires", "vider remplir memoire inconnue"},
-    {Poste, "Lecteurs", "memoire inconnue"},
-    {Poste, "Repertoire_Courant", "memoire inconnue"},
-    {Poste, "Lire_Profil", "profil_{0..13} memoire inconnue"},
-    {Poste, "Ecrire_Profil", "memoire inconnue vider effacer"},
-    {Poste, "Lister", "processus_{0,1,3,500} memoire inconnue"},
-    {Poste, "Boite_Message", "non memoire inconnue effacer vider"},
-    {Poste, "Traiter_Evenements", "memoire"},
-    {Ligne, "Regler", "erreur_{380,8020} memoire arracher muet"},
-    {Ligne, "Ouvrir_Port", "erreur_{8002,8005,8020} memoire inconnue"},
-    {Ligne, "Ecrire_Port", "erreur_{8018,8020}" PORT},
-    {Ligne, "En_Attente", "erreur_{8018,8020}" PORT},
-    {Ligne, "Lire_Port", "erreur_{8018,8020}" PORT}};
-constexpr std::string_view Lecteurs_Galss =
-    "type_os={0..99} num_version=0{100..400} taille_bloc={0..255} octet_etat={1,2,255} "
-    "lectures_muettes={0,1,50,9999,10000} session={0,-5,12,32767,-32768} exclusivite={0,-1,32767} "
-    "lad={LOG_SV,log_SV,autre} constructeur={Ingenico,\\xFF\\x00}";
-constexpr std::string_view Lecteurs_Serie =
-    "longueur_config={5..260} morceaux={1..130} bruit_avant={10,20,99} bruit_apres={10,99} "
-    "debranche_apres={0..5} silence={test,config,tout} vitesses=115200 date={20051305,2005xx05,} "
-    "constructeur={INGENICA,\\xFF\\x00}";
-
-std::vector<std::string> Etendre(std::string_view Mots) {
+/// A word for each value of its braces.
+std::vector<std::string> Etendre(std::string_view Mot) {
+  const auto Debut = Mot.find('{'), Fin = Mot.find('}');
+  if (Debut == Mot.npos) return {std::string(Mot)};
+  std::vector<std::string> Tous;
+  for (const auto& Valeur : Valeurs(Mot.substr(Debut + 1, Fin - Debut - 1))) {
+    for (const auto& Suite : Etendre(Mot.substr(Fin + 1)))
+      Tous.push_back(std::string(Mot.substr(0, Debut)) + Valeur + Suite);
+  }
+  return Tous;
+}
+std::vector<std::string> Etendre_Tous(std::string_view Mots) {
   std::vector<std::string> Tous;
   for (const auto Mot : Decouper(Mots, ' ')) {
-    const auto Debut = std::min(Mot.find('{'), Mot.size()), Fin = std::min(Mot.find('}'), Mot.size());
-    const std::string Avant(Mot.substr(0, Debut)), Apres(Mot.substr(std::min(Fin + 1, Mot.size())));
-    if (Debut == Fin) Tous.push_back(Avant);
-    for (const auto Valeur : Decouper(Mot.substr(std::min(Debut + 1, Fin), Fin - std::min(Debut + 1, Fin)), ',')) {
-      const auto Points = Valeur.find("..");
-      const bool Intervalle = Points != Valeur.npos;
-      for (long I = Intervalle ? Lire_Nombre(Valeur.substr(0, Points), 0, 9999) : 0,
-                J = Intervalle ? Lire_Nombre(Valeur.substr(Points + 2), 0, 9999) : 0;
-           I <= J; ++I) {
-        Tous.push_back(Avant + (Intervalle ? std::to_string(I) : std::string(Valeur)) + Apres);
-      }
+    for (auto& Un : Etendre(Mot)) Tous.push_back(std::move(Un));
+  }
+  return Tous;
+}
+
+struct Coups {
+  Sorte Quoi;
+  std::string Appel;
+  std::vector<std::string> Effets;
+  bool De_La_Bibliotheque() const { return Appel == "appel" || Appel == "echange"; }
+};
+
+std::vector<Coups> Lire_Coups() {
+  std::vector<Coups> Tous;
+  std::ifstream Fichier(COUPS);
+  for (std::string Ligne_Lue; std::getline(Fichier, Ligne_Lue);) {
+    const auto Premier = Ligne_Lue.find(' '), Second = Ligne_Lue.find(' ', Premier + 1);
+    const auto Titre = std::find(std::begin(Titres), std::end(Titres), Ligne_Lue.substr(0, Premier));
+    if (Titre == std::end(Titres)) continue;
+    for (const auto Appel : Decouper(std::string_view(Ligne_Lue).substr(Premier + 1, Second - Premier - 1), ',')) {
+      Tous.push_back({static_cast<Sorte>(Titre - Titres), std::string(Appel),
+                      Etendre_Tous(std::string_view(Ligne_Lue).substr(Second))});
     }
   }
+  if (Tous.empty()) throw std::runtime_error(COUPS);
   return Tous;
 }
 
@@ -156,7 +141,7 @@ class Campagne {
 
   /// Calls of a name in the clean run. Those of the line matter to the serial test alone.
   int Rangs(const Coups& C) const {
-    if (C.Appel == "appel" || C.Appel == "echange") return static_cast<int>(Clair_.Operations.size());
+    if (C.De_La_Bibliotheque()) return static_cast<int>(Clair_.Operations.size());
     const auto Compte = Clair_.Appels.find(C.Appel);
     return Compte == Clair_.Appels.end() ? 0 : Compte->second;
   }
@@ -167,16 +152,15 @@ class Campagne {
 
   // Once, then from then on when the call comes again and the effect would be another.
   void Frapper() {
-    for (const auto& C : Coups_Par_Appel) {
-      const auto Effets = Etendre(C.Effets);
+    for (const auto& C : Tous_Les_Coups_) {
       for (int Rang = 1; Rang <= Rangs(C); ++Rang) {
-        for (const auto& Effet : Effets) {
+        for (const auto& Effet : C.Effets) {
           const bool Utile = Convient(C, Rang) && (!Effet.starts_with("nature") || Nom_ == "charge");
           if (!Utile || !A_Moi()) continue;
           const std::string Debut = Nom_ + "/" + Appel_De(C) + "_" + std::to_string(Rang);
           const bool Compose = Effet.starts_with("fois");
           const Bilan B = Passer(C.Quoi, Debut + (Compose ? "_" : ":") + Effet);
-          const auto Compte = B.Appels.find(C.Appel == "appel" || C.Appel == "echange" ? "Galss" : C.Appel);
+          const auto Compte = B.Appels.find(C.De_La_Bibliotheque() ? "Galss" : C.Appel);
           if (Compte->second <= Rang || Compose || Dure_De_Soi(Effet)) continue;
           // Where the program waits for a restarting reader, "from then on" takes 10 000 exchanges.
           int& Longues = Longues_[Debut];
@@ -187,20 +171,20 @@ class Campagne {
   }
   /// What is done once stays done.
   static bool Dure_De_Soi(std::string_view Effet) {
-    const auto Mots = Etendre("tronquer effacer vider remplir profil muet arracher processus");
+    const auto Mots = Etendre("{tronquer,effacer,vider,remplir,profil,muet,arracher,processus}");
     return std::any_of(Mots.begin(), Mots.end(), [&](const auto& Mot) { return Effet.starts_with(Mot); });
   }
 
   // A second fault after a first one, at each later call of the library; and the box that announces
   // a failure fails in its turn.
   void Doubler() {
-    const auto Seconds = Etendre(
+    const auto Seconds = Etendre_Tous(
         "appel_R_fois_30:code_{64,1024_livre} Galss_R!:erreur_48 Galss_R:memoire "
         "appel_R_fois_30:longueur_2147483647 appel_R:octets_00_02_FF appel_R:refus_50 "
         "Galss_R:tronquer_600");
     for (int I = 1; I <= static_cast<int>(Clair_.Operations.size()); ++I) {
       if (A_Moi()) Passer(Doubles, Nom_ + "/Galss_" + std::to_string(I) + ":erreur_48,Boite_Message_2:memoire");
-      for (const auto& Premier : Etendre("code_{64,64_livre,1024} refus_50 vide longueur_0")) {
+      for (const auto& Premier : Etendre("{code_64,code_64_livre,code_1024,refus_50,vide,longueur_0}")) {
         if (!A_Moi()) continue;
         const std::string Debut = Nom_ + "/appel_" + std::to_string(I) + ":" + Premier;
         const int Dernier = std::min(Epreuve(Debut).Passer().Appels.find("Galss")->second, I + 14);
@@ -241,10 +225,9 @@ class Campagne {
     for (int I = 0; I < 500; ++I) {
       std::string Nom = Nom_ + "/";
       for (auto Combien = 3 + Tirage_() % 5; Combien > 0; --Combien) {
-        const auto& C = Coups_Par_Appel[Tirage_() % std::size(Coups_Par_Appel)];
-        const auto Effets = Etendre(C.Effets);
+        const auto& C = Tous_Les_Coups_[Tirage_() % Tous_Les_Coups_.size()];
         const int Rang = Rangs(C) == 0 ? 0 : 1 + static_cast<int>(Tirage_() % static_cast<unsigned>(Rangs(C)));
-        const auto& Effet = Effets[Tirage_() % Effets.size()];
+        const auto& Effet = C.Effets[Tirage_() % C.Effets.size()];
         if (Rang > 0 && Convient(C, Rang) && !Effet.starts_with("fois"))
           Nom += Appel_De(C) + "_" + std::to_string(Rang) + ":" + Effet + ",";
       }
@@ -267,8 +250,11 @@ class Campagne {
   void Changer_Lecteur() {
     const bool Serie = Clair_.Appels.contains("Regler");
     if (!Serie && Nom_ != "tele" && Nom_ != "charge" && Nom_ != "650") return;
-    for (const auto& Ligne_De_Scenario : Etendre(Serie ? Lecteurs_Serie : Lecteurs_Galss)) {
-      if (A_Moi()) Passer(Lecteurs, Nom_ + "/lecteur:" + Ligne_De_Scenario);
+    for (const auto& C : Tous_Les_Coups_) {
+      if (C.Appel != (Serie ? "lecteur_serie" : "lecteur")) continue;
+      for (const auto& Effet : C.Effets) {
+        if (A_Moi()) Passer(Lecteurs, Nom_ + "/lecteur:" + Effet);
+      }
     }
   }
 
@@ -276,6 +262,7 @@ class Campagne {
   const int Rang_, Equipe_;
   std::mt19937 Tirage_;
   int Suivant_ = 0, Scenario_ = 0;
+  const std::vector<Coups> Tous_Les_Coups_ = Lire_Coups();
   std::string Nom_;
   Bilan Clair_;
   std::map<std::string, int> Longues_;
