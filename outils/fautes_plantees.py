@@ -55,7 +55,7 @@ FAUTES = [
     ("galss/Config_Lecteur.cpp", "if (Debut >= Reponse.size()) return {};", ""),
     ("galss/Config_Lecteur.cpp", "Mois < 1 || Mois > 12", "Mois < 1 || Mois > 99"),
     ("update/Procedure_Mise_A_Jour.cpp", "if (Continuer && Decision.Charger_Appli) Charger", "if (Decision.Charger_Appli) Charger"),
-    ("update/Procedure_Mise_A_Jour.cpp", "      Attendre_Lecteur(Run);\n", ""),
+    ("update/Procedure_Mise_A_Jour.cpp", "I < Lectures_Au_Plus", "I < 1"),
     ("update/Procedure_Mise_A_Jour.cpp", "      Session_.Deconnexion(Run.Message);\n", ""),
     ("update/Procedure_Mise_A_Jour.cpp", "  Run.Connecte = true;\n", ""),
     ("update/Procedure_Mise_A_Jour.cpp", "  Arreter_Galss(Arret_Annonce);\n  FMain_.Souris(Pointeur::Defaut);", "  Arreter_Galss(Arret_Annonce);"),
@@ -119,7 +119,7 @@ def vue_par(fichier, avant, apres):
         tests = executer([BATI + "/tests/pavorin_test"], 120)
         vue_des_tests = tests is None or tests.returncode != 0
         # The campaign ends its own endless cases; what the tests saw, it is given less time to see.
-        campagne = executer([BATI + "/tests/campagne", "--vite"], 45 if vue_des_tests else 900)
+        campagne = executer([BATI + "/tests/campagne", "--vite"], 15 if vue_des_tests else 900)
         vue_de_la_campagne = campagne is not None and campagne.returncode != 0
         return " ".join(["tests"] * vue_des_tests + ["campagne"] * vue_de_la_campagne)
     finally:
