@@ -27,7 +27,6 @@ FAUTES = [
     ("download/Mise_A_Jour.cpp", "milliseconds Sommeil{50}", "milliseconds Sommeil{5000}"),
     ("download/Mise_A_Jour.cpp", "Pause_Noyau = 25", "Pause_Noyau = 24"),
     ("download/Mise_A_Jour.cpp", "if (Taille_Donnees < 1) return false;", "if (Taille_Donnees < -9) return false;"),
-    ("download/Mise_A_Jour.cpp", "Taille_Bloc, T.Message) != 0) return false;", "Taille_Bloc, T.Message) == -9) return false;"),
     ("download/Mise_A_Jour.cpp", "Statut == 0 && Restant > 0", "Restant > 0"),
     ("download/Mise_A_Jour.cpp", 'Noyau ? "0000"', 'Noyau ? "0001"'),
     ("download/Mise_A_Jour.cpp", "  } catch (const std::exception&) {\n    return Abandonner(T);", "  } catch (const Erreur&) {\n    return Abandonner(T);"),
