@@ -1,38 +1,34 @@
-// The serial reader test over a scripted line, its window, and what the operator may do meanwhile.
+// The serial reader test, the simulated reader at the other end of the line, and its window.
 
 #include <gtest/gtest.h>
 
+#include "simulator/Lecteur_Serie.h"
 #include "tests/Machine_De_Test.h"
 
 namespace {
 
-const Octets Accord = {0xF2, 0xE0, 0x04, 0x00, 0x14, 0x00, 0xC8, 0x59, 0xA3};
 const std::string Trame_Test = "> 2F C0 4 0 14 0 C8 A4 FC";
 const std::string Trame_Config = "> 2F 40 4 1 0 0 94 A0 9B";
-
-Octets Configuration(std::size_t Taille = 123, const std::string& Constructeur = "INGENICO",
-                     const std::string& Mois = "10") {
-  std::string Texte = "\xF2\x40\x76\x01" + Constructeur;
-  Texte.resize(4 + 15, ' ');
-  Texte += "INGENICO  650";
-  Texte.resize(4 + 45, ' ');
-  Texte += "N\xB0 42";
-  Texte.resize(4 + 65, ' ');
-  Texte += "03Vitale";
-  Texte.resize(4 + 97, ' ');
-  Texte += "01272005" + Mois + "1309051A2B";
-  Texte.resize(Taille, '?');
-  return Octets(Texte.begin(), Texte.end());
-}
+const std::string Accord = "F2E040140C859A3";
 
 struct Test_Lecteur_Test : testing::Test, Poste_De_Test {
-  Test_Lecteur_Test() {
-    Demarrer();
-    Port.Repondre = [this](Vue_Octets Trame, const std::string& Reglages) {
-      if (!Reglages.starts_with(Vitesse + ",")) return;
-      if (Trame[1] == 0xC0 && !Reponse.empty()) Port.Envoyer(Reponse);
-      if (Trame[1] == 0x40 && !Config.empty()) Port.Envoyer(Config, 0.13);
+  Test_Lecteur_Test() { Demarrer(); }
+
+  /// A test of the reader of that scenario, which sends a piece of its answers every 20 ms.
+  void Tester(const std::string& Scenario = "") {
+    Lecteur_Serie Branche(Scenario_De(Scenario));
+    Port.Tampon_.clear();
+    Port.Conversation.clear();
+    Port.Repondre = [&](Vue_Octets Trame, const std::string& Reglages) {
+      double Delai = 0;
+      for (const auto& Morceau : Branche.Recevoir(Trame, std::stoi(Reglages)).Morceaux) {
+        Port.Envoyer(Morceau, Delai += 0.02);
+      }
     };
+    const double Debut = Temps.Maintenant;
+    FMain.MnLecteur.Cliquer();
+    EXPECT_LT(Temps.Maintenant - Debut, 3.5);
+    EXPECT_EQ(Branche.Fautes(), std::vector<std::string>());
   }
   std::string Voyants() const {
     const auto Un = [](const Image& R, const Image& J, const Image& V) {
@@ -43,12 +39,6 @@ struct Test_Lecteur_Test : testing::Test, Poste_De_Test {
   std::string Reglages_Montres() const {
     return FMain.LblVit.Texte() + "|" + FMain.LblPart.Texte() + "|" + FMain.LblBitDon.Texte() + "|" +
            FMain.LblBitStop.Texte();
-  }
-  void Tester() {
-    Debut = Temps.Maintenant;
-    Port.Conversation.clear();
-    FMain.MnLecteur.Cliquer();
-    EXPECT_LT(Temps.Maintenant - Debut, 5.2);
   }
   /// Everything a successful test leaves, then "OK".
   void Verifier_Succes() {
@@ -62,17 +52,16 @@ struct Test_Lecteur_Test : testing::Test, Poste_De_Test {
   }
   Fenetre_Principale& FMain = App.F.FMain;
   Fenetre_Configuration& Fiche = App.F.FrmResultParam;
-  std::string Vitesse = "9600";
-  Octets Reponse = Accord, Config = Configuration();
-  double Debut = 0;
 };
 
 TEST_F(Test_Lecteur_Test, Lecteur_A_9600) {
   FMain.TxtDetails.Texte("avant");
-  Tester();
+  Tester(
+      "type_lecteur = INGENICO  650             WXYZ; num_serie = \\x20 N° 42; nom_appli = Vitale;"
+      "date = 20051013; heure = 0905; num_crc = 1A2B");
   EXPECT_EQ(Port.Conversation,
             (std::vector<std::string>{"= 9600,n,8,1", Trame_Test, Trame_Test, Trame_Test, Trame_Config}));
-  EXPECT_EQ(Pane(), "F2E040140C859A3\r\n\tTEST RÉUSSI");
+  EXPECT_EQ(Pane(), Accord + "\r\n\tTEST RÉUSSI");
   EXPECT_FALSE(FMain.TxtDetails.Visible());
   EXPECT_EQ(Reglages_Montres(), "9600 bauds|n|8|1");
   EXPECT_TRUE(Ecran.Boites.empty());
@@ -88,8 +77,7 @@ TEST_F(Test_Lecteur_Test, Lecteur_A_9600) {
 }
 
 TEST_F(Test_Lecteur_Test, Lecteur_A_19200) {
-  Vitesse = "19200";
-  Tester();
+  Tester("vitesses = 19200");
   EXPECT_EQ(Port.Conversation, (std::vector<std::string>{"= 9600,n,8,1", Trame_Test, "= 19200,n,8,1", Trame_Test,
                                                          Trame_Test, Trame_Config}));
   EXPECT_EQ(Ecran.Boites, std::vector<std::string>{"Attention | Attention vous etes en 19200 Bauds!!"});
@@ -98,30 +86,19 @@ TEST_F(Test_Lecteur_Test, Lecteur_A_19200) {
 }
 
 TEST_F(Test_Lecteur_Test, Echecs_Puis_Succes) {
-  const struct {
-    Octets Reponse, Config;
-    std::string Reglages, Pane;
-  } Cas[] = {{{}, {}, "---|---|---|---", ""},
-             {{0x00, 0xF2, 0xE0, 0x04, 0x00, 0x14, 0x00, 0xC8, 0x59, 0xA3}, {}, "---|---|---|---", "0F2E040140C859A3"},
-             {Accord, {}, "9600 bauds|n|8|1", "F2E040140C859A3"},
-             {Accord, Configuration(122), "9600 bauds|n|8|1", "F2E040140C859A3"},
-             {Accord, Configuration(124), "9600 bauds|n|8|1", "F2E040140C859A3"},
-             {Accord, Configuration(123, "INGENICA"), "9600 bauds|n|8|1", "F2E040140C859A3"}};
-  for (const auto& C : Cas) {
-    Reponse = C.Reponse;
-    Config = C.Config;
-    Tester();
+  const std::string Aucuns = "---|---|---|---", Lents = "9600 bauds|n|8|1";
+  const std::tuple<const char*, std::string, std::string> Cas[] = {
+      {"silence = tout", Aucuns, ""},           {"bruit_avant = 00", Aucuns, "0" + Accord},
+      {"silence = config", Lents, Accord},      {"longueur_config = 122", Lents, Accord},
+      {"longueur_config = 124", Lents, Accord}, {"constructeur = INGENICA", Lents, Accord}};
+  for (const auto& [Scenario, Reglages, Recus] : Cas) {
+    SCOPED_TRACE(Scenario);
+    Tester(Scenario);
     EXPECT_EQ(Voyants(), "RR");
-    EXPECT_EQ(Reglages_Montres(), C.Reglages);
-    EXPECT_EQ(Pane(), C.Pane);
+    EXPECT_EQ(Reglages_Montres(), Reglages);
+    EXPECT_EQ(Pane(), Recus);
     EXPECT_FALSE(FMain.TxtDetails.Visible() || Fiche.Ouverte() || Port.Ouvert());
     EXPECT_TRUE(FMain.Active());
-    if (C.Reponse.empty()) {
-      EXPECT_LT(Temps.Maintenant - Debut, 3.5);
-    }
-    Port.Tampon_.clear();
-    Reponse = Accord;
-    Config = Configuration();
     Tester();
     Verifier_Succes();
   }
@@ -131,71 +108,31 @@ TEST_F(Test_Lecteur_Test, Echecs_Puis_Succes) {
 }
 
 TEST_F(Test_Lecteur_Test, Reponse_En_Morceaux) {
-  Reponse.clear();
   std::vector<std::string> Vues;
-  Port.Repondre = [&](Vue_Octets Trame, const std::string&) {
-    for (std::size_t I = 0; Trame[1] == 0xC0 && I < Accord.size(); I += 2) {
-      Port.Envoyer(Octets(Accord.begin() + static_cast<int>(I),
-                          Accord.begin() + static_cast<int>(std::min<std::size_t>(I + 2, 9))),
-                   0.02 * static_cast<double>(I + 1));
-    }
-    if (Trame[1] == 0x40) Port.Envoyer(Config);
-  };
   Ecran.Au_Repos = [&] {
     if (Vues.empty() || Vues.back() != Pane()) Vues.push_back(Pane());
   };
-  Tester();
-  ASSERT_GE(Vues.size(), 6U);
-  EXPECT_EQ((std::vector<std::string>(Vues.begin(), Vues.begin() + 6)),
-            (std::vector<std::string>{"", "F2E0", "F2E040", "F2E040140", "F2E040140C8" + std::string("59"),
-                                      "F2E040140C859A3"}));
+  Tester("morceaux = 2");
+  Vues.resize(6);  // then the two other test frames
+  EXPECT_EQ(Vues, (std::vector<std::string>{"", "F2E0", "F2E040", "F2E040140", "F2E040140C859", Accord}));
   Verifier_Succes();
 }
 
 TEST_F(Test_Lecteur_Test, Erreurs_De_La_Ligne) {
-  Config = Configuration(123, "INGENICO", "13");
-  Tester();
-  EXPECT_EQ(Pane(), "Erreur n° : 5\r\nErreur : ");
-  EXPECT_FALSE(Fiche.Ouverte());
-  EXPECT_TRUE(Port.Ouvert()) << "an error leaves the port as it is";
-  Config = Configuration();
-  Tester();
-  Verifier_Succes();
+  for (const auto& [Mois, Numero] : {std::pair{"00", "5"}, {"13", "5"}, {"  ", "13"}, {"AB", "13"}, {"1x", "13"}}) {
+    Tester(std::string("date = 2005") + Mois + "13");
+    EXPECT_EQ(Pane(), std::string("Erreur n° : ") + Numero + "\r\nErreur : ") << Mois;
+    EXPECT_FALSE(Fiche.Ouverte());
+    EXPECT_TRUE(Port.Ouvert()) << "an error leaves the port as it is";
+    Tester();
+    Verifier_Succes();
+  }
   Port.Absent = true;
   Tester();
   EXPECT_EQ(Pane(), "Erreur n° : 8002\r\nErreur : ");
   Port.Absent = false;
   Tester();
   Verifier_Succes();
-}
-
-TEST_F(Test_Lecteur_Test, L_Operateur_Pendant_Les_Attentes) {
-  const std::pair<const char*, std::function<void()>> Actions[] = {
-      {"second test", [this] { FMain.MnLecteur.Cliquer(); }},
-      {"update", [this] { FMain.CmdMaj.Cliquer(); }},
-      {"dialog", [this] { FMain.CmdChooseDirectory.Cliquer(); }},
-      {"quit", [this] { FMain.CmdQuitter.Cliquer(); }},
-      {"close", [this] { FMain.Fermer_Par_Cadre(); }},
-      {"OK", [this] { Fiche.CmdOK.Cliquer(); }}};
-  for (const auto& [Nom, Action] : Actions) {
-    for (int Instant = 1; Instant < 60; Instant += 3) {
-      SCOPED_TRACE(std::string(Nom) + std::to_string(Instant));
-      Ecran.Au_Repos = [&, Reste = Instant]() mutable {
-        if (--Reste == 0) Action();
-      };
-      try {
-        FMain.CmdMaj.Active(true);
-        Tester();
-      } catch (const Programme_Arrete&) {
-        FMain.Montrer();
-      }
-      Ecran.Au_Repos = nullptr;
-      if (Fiche.Ouverte()) Fiche.CmdOK.Cliquer();
-      App.F.FDossierING.Decharger();
-      EXPECT_TRUE(FMain.Active());
-      EXPECT_FALSE(Fiche.Ouverte());
-    }
-  }
 }
 
 }  // namespace
