@@ -10,17 +10,14 @@ struct Galss_Immediate : Bibliotheque_Galss {
   std::int16_t DebutExclusivite(Octets&, Octets&, Octets&, std::int16_t&) override { return 0; }
   std::int16_t FinExclusivite(std::int16_t) override { return 0; }
   std::int16_t FermerSession(std::int16_t, std::int16_t&) override { return 0; }
-  std::int16_t Echange(std::int16_t, std::int16_t, Octets& Commande, std::int32_t&, Octets& Reponse,
-                       std::int32_t&) override {
+  std::int16_t Echange(std::int16_t, std::int16_t, Octets&, std::int32_t&, Octets& Reponse, std::int32_t&) override {
     ++Echanges;
-    Octets_Recus += Commande.size();
     Reponse[0] = 0;
     Reponse[1] = Reponse.size() == 3 ? 2 : 0;  // accepts requests and blocks of both families
     if (Reponse.size() == 3) Reponse[2] = 4;
     return 0;
   }
   int Echanges = 0;
-  std::size_t Octets_Recus = 0;
 };
 
 struct Transfert_Immediat : Poste_De_Test {

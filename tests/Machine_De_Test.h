@@ -163,7 +163,6 @@ struct Processus_De_Test : Liste_Processus {
   explicit Processus_De_Test(Pannes& P) : Pannes_(P) {}
   std::vector<Processus> Lister() override {
     Pannes_.Passer("Lister");
-    ++Demandes;
     return Actifs;
   }
   void Terminer(std::uint32_t Id) override { Termines.push_back(Id); }
@@ -171,7 +170,6 @@ struct Processus_De_Test : Liste_Processus {
   Pannes& Pannes_;
   std::vector<Processus> Actifs;
   std::vector<std::uint32_t> Termines;
-  int Demandes = 0;
 };
 
 /// A scripted line: each frame written is looked up in Reponses by its rank; the answer arrives

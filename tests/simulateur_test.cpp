@@ -32,15 +32,7 @@ class Programme {
   std::string Jouer(const std::string& Pas) {
     std::istringstream Suite(Pas);
     std::string Reponses;
-    for (std::string Mot; Suite >> Mot;) {
-      if (Mot[0] == 'K') {
-        const std::string F(1, Mot[1]);
-        Mot = "D" + F + "0000005000 B" + F + "01:2043 B" + F + "00:2043 B" + F + "10:914";
-        Reponses += Jouer(Mot);
-      } else {
-        Reponses += Un_Pas(Mot) + "; ";
-      }
-    }
+    for (std::string Mot; Suite >> Mot;) Reponses += Mot[0] == 'K' ? Charger(Mot[1]) : Un_Pas(Mot) + "; ";
     return Reponses;
   }
 
@@ -48,6 +40,12 @@ class Programme {
   std::int16_t Session = 0;
 
  private:
+  std::string Charger(char Famille) {
+    std::string Pas = "D?0000005000 B?01:2043 B?00:2043 B?10:914";
+    std::replace(Pas.begin(), Pas.end(), '?', Famille);
+    return Jouer(Pas);
+  }
+
   std::string Un_Pas(const std::string& Mot) {
     const bool Seconde = Mot.size() > 1 && Mot[1] == 'c';
     switch (Mot[0]) {
@@ -74,9 +72,7 @@ class Programme {
     Octets Reponse(Capacite, ' ');
     auto Envoi = static_cast<std::int32_t>(Trame.size()), Retour = static_cast<std::int32_t>(Capacite);
     auto Code = Galss_.Echange(Session, 0, Trame, Envoi, Reponse, Retour);
-    if (Code == 64) {
-      Code = Galss_.Echange(Session, 0, Trame, Envoi, Reponse, Retour);
-    }
+    if (Code == 64) Code = Galss_.Echange(Session, 0, Trame, Envoi, Reponse, Retour);
     return std::to_string(Code) + "/" + std::to_string(Retour) + ":" + Ecrire_Hexa(Vue_Octets(Reponse).first(2), 2);
   }
 
@@ -163,9 +159,7 @@ TEST(Simulateur, Appel_Qui_Leve_Ne_Laisse_Pas_De_Trace) {
   for (int Rang = 3; Rang <= 7; ++Rang) {
     Programme P("premier_fichier = appli; defaut = bloc 2 : code 64 livre");
     P.Lecteur.Avant_Appel = [&](Cible, int Courant) {
-      if (Courant == Rang) {
-        throw std::runtime_error("levée");
-      }
+      if (Courant == Rang) throw std::runtime_error("levée");
     };
     EXPECT_THROW(P.Jouer("Kt"), std::runtime_error) << Rang;
     EXPECT_EQ(P.Lecteur.Nombre(Cible::Appel), Rang);
@@ -179,7 +173,9 @@ TEST(Simulateur, Appel_Qui_Leve_Ne_Laisse_Pas_De_Trace) {
 
 TEST(Simulateur, Demande_Restee_Sans_Reprise_N_Ouvre_Aucun_Fichier) {
   Programme P("defaut = demande 1 : code 64");
-  P.Lecteur.Avant_Appel = [](Cible, int Rang) { Rang == 4 ? throw std::runtime_error("") : 0; };
+  P.Lecteur.Avant_Appel = [](Cible, int Rang) {
+    if (Rang == 4) throw std::runtime_error("levée");
+  };
   EXPECT_THROW(P.Jouer("Dt0000000010"), std::runtime_error);
   EXPECT_EQ(P.Jouer("Bt11:10"), "0/2:01 32; ");
   EXPECT_EQ(P.Lecteur.Fautes(), std::vector<std::string>{"bloc sans demande de chargement"});
