@@ -27,7 +27,7 @@ Fenetre_Principale::Fenetre_Principale(Fenetrage& Ecran)
       CmdChooseDirectory(FrmChooseDirectory, 102, {4200, 480, 732, 495}, {.Texte = "Dossier", .Points = 7.5, .Image = Dossier}),
       lbltypedirectory(FrmChooseDirectory, 103, {480, 1080, 3255, 375},
           {.Texte = "Fichier non présent", .Points = 14.25, .Gras = true, .Centre = true, .Encre = Rouge}),
-      Image1(FrmChooseDirectory, 104, {3720, 1200, 1500, 435}, {.Image = Bandeau}),
+      Image1(FrmChooseDirectory, 104, {3720, 1200, 1500, 435}, {.Image = Bandeau, .Nom_Accessible = "Bandeau Pavorin"}),
 
       FrmParamFichier(*this, 200, {240, 2040, 5295, 3735},
           {.Texte = "Paramétres des fichiers", .Points = Points_Cadre, .Gras = true}),

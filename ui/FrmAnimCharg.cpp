@@ -12,7 +12,7 @@ Fenetre_Progression::Fenetre_Progression(Fenetrage& Ecran, Fenetre& Principale)
       LblNumTaille(*this, 704, {1800, 720, 3372, 252}, {.Points = 10.5}),
       PgbExe(*this, 705, {240, 1200, 5052, 372}, {.Nom_Accessible = "Progression du chargement"}),
       LblCom(*this, 706, {240, 1200, 4932, 252}, {.Points = 12, .Gras = true}),
-      Image1(*this, 707, {240, 120, 480, 480}, {.Image = Dessin::Chargement}),
+      Image1(*this, 707, {240, 120, 480, 480}, {.Image = Dessin::Chargement, .Nom_Accessible = "Chargement"}),
       Principale_(Principale) {
   // clang-format on
   Chargement = [this] {

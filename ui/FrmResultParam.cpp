@@ -26,7 +26,7 @@ Conception Texte_Valeur() {
 // clang-format off
 Fenetre_Configuration::Fenetre_Configuration(Fenetrage& Ecran, Fenetre& Principale)
     : Fenetre(Ecran, {.Titre = "Configuration du lecteur", .Largeur = 11280, .Hauteur = 5040, .Devant = &Principale}),
-      Image1(*this, 801, {480, 240, 480, 480}, {.Image = Dessin::Lecteur}),
+      Image1(*this, 801, {480, 240, 480, 480}, {.Image = Dessin::Lecteur, .Nom_Accessible = "Lecteur de cartes"}),
       LblTitre(*this, 802, {1200, 300, 9600, 420},
           {.Texte = "CONFIGURATION DU LECTEUR ELITE 650", .Points = 14.25, .Gras = true, .Centre = true}),
       Label1(*this, 803, Legende(Legende_Gauche, Rangee_1), Texte_Legende("Constructeur :")),

@@ -10,7 +10,7 @@ Fenetre_Apropos::Fenetre_Apropos(Fenetrage& Ecran)
       Label2(*this, 905, {1200, 1560, 4560, 300}, {.Texte = "Noyau :  Mono Application", .Points = 10.5}),
       lblDescription(*this, 906, {1200, 1920, 4560, 300}, {.Texte = "Constructeur : INGENICO", .Points = 10.5}),
       Image1(*this, 907, {240, 2640, 1500, 435}, {.Image = Dessin::Bandeau, .Nom_Accessible = "Auteurs"}),
-      Image2(*this, 908, {360, 1440, 480, 480}, {.Image = Dessin::Lecteur}),
+      Image2(*this, 908, {360, 1440, 480, 480}, {.Image = Dessin::Lecteur, .Nom_Accessible = "Lecteur de cartes"}),
       CmdOK(*this, 909, {4440, 2640, 1320, 600}, {.Texte = "OK"}) {
   Bouton_Entree = &CmdOK;
   Bouton_Echap = &CmdOK;

@@ -33,7 +33,7 @@ RECT Surface_De_Travail(HMONITOR Ecran) {
 Fenetre_Native::Fenetre_Native(Fenetrage_Windows& Ecran, Polices& Fontes, Fenetre& Modele,
                                HWND Proprietaire, HWND Voisine)
     : Modele_(Modele), Lieu_{.Ecran = Ecran, .Fontes = Fontes} {
-  Creer_Fond();
+  Prendre_Couleurs();
   Creer(Proprietaire, Voisine);
   try {
     Meubler();
@@ -73,15 +73,13 @@ void Fenetre_Native::Enregistrer_Classes() {
   }
 }
 
-void Fenetre_Native::Creer_Fond() {
-  if (const auto& Fond = Modele_.Depart().Fond) {
-    Pinceau_.reset(CreateSolidBrush(En_Colorref(*Fond)));
-    Lieu_.Fond = En_Colorref(*Fond);
-    Lieu_.Pinceau_Fond = Pinceau_.get();
-  } else {
-    Lieu_.Fond = GetSysColor(COLOR_BTNFACE);
-    Lieu_.Pinceau_Fond = GetSysColorBrush(COLOR_BTNFACE);
-  }
+void Fenetre_Native::Prendre_Couleurs() {
+  HIGHCONTRASTW Reglage{sizeof Reglage, 0, nullptr};
+  SystemParametersInfoW(SPI_GETHIGHCONTRAST, sizeof Reglage, &Reglage, 0);
+  Lieu_.Contraste_Eleve = (Reglage.dwFlags & HCF_HIGHCONTRASTON) != 0;
+  Lieu_.Fond = Lieu_.Teinte(Modele_.Depart().Fond, COLOR_BTNFACE);
+  Pinceau_.reset(CreateSolidBrush(Lieu_.Fond));
+  Lieu_.Pinceau_Fond = Pinceau_.get();
 }
 
 void Fenetre_Native::Creer(HWND Proprietaire, HWND Voisine) {

@@ -43,7 +43,8 @@ class Fenetre_Native : public Pair_Fenetre {
   void Meubler();
   /// Destroys the native window and detaches the peers of its controls.
   void Effacer();
-  void Creer_Fond();
+  /// The system's and the layout's, at the creation and whenever the operator changes them.
+  void Prendre_Couleurs();
   void Poser_Icones();
   /// Gives the client area its size; centred in the monitor's work area, or from Coin.
   void Dimensionner(std::optional<POINT> Coin);

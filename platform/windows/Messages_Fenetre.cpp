@@ -44,10 +44,13 @@ LRESULT Fenetre_Native::Recevoir(UINT Message, WPARAM W, LPARAM L) {
     case WM_DPICHANGED:
       Changer_Echelle(HIWORD(W), *reinterpret_cast<const RECT*>(L));
       return 0;
+    case WM_SETTINGCHANGE:
+      if (W != SPI_SETHIGHCONTRAST) break;
+      [[fallthrough]];
     case WM_SYSCOLORCHANGE:
-      Creer_Fond();
-      for (const auto& Pair : Lieu_.Pairs) SendMessageW(Pair->Poignee(), Message, W, L);
-      InvalidateRect(Poignee(), nullptr, TRUE);
+      Prendre_Couleurs();
+      for (const auto& Pair : Lieu_.Pairs) SendMessageW(Pair->Poignee(), WM_SYSCOLORCHANGE, 0, 0);
+      RedrawWindow(Poignee(), nullptr, nullptr, RDW_INVALIDATE | RDW_ERASE | RDW_ALLCHILDREN);
       return 0;
     case WM_ERASEBKGND:
     case WM_PRINTCLIENT: {

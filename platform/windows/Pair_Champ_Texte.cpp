@@ -18,7 +18,6 @@ DWORD Style_Champ(Champ_Texte::Lignes Combien) {
 
 Pair_Champ_Texte::Pair_Champ_Texte(Surface& Lieu, Champ_Texte& Sien)
     : Pair_Natif(Lieu, Sien), Champ_(Sien) {
-  if (Look().Fond) Pinceau_.reset(CreateSolidBrush(En_Colorref(*Look().Fond)));
   Creer(WC_EDITW, Style_Champ(Champ_.Combien()), WS_EX_CLIENTEDGE);
   Envoyer(EM_SETLIMITTEXT, 0);  // the most that the control can hold
 }
@@ -33,10 +32,7 @@ bool Pair_Champ_Texte::Plusieurs_Lignes() const {
 }
 
 HBRUSH Pair_Champ_Texte::Colorer(HDC Dc) {
-  if (!Pinceau_) return nullptr;
-  Pair_Natif::Colorer(Dc);
-  SetBkColor(Dc, En_Colorref(*Look().Fond));
-  return Pinceau_.get();
+  return Look().Fond ? Pair_Natif::Colorer(Dc) : nullptr;
 }
 
 LRESULT Pair_Champ_Texte::Recevoir(UINT Message, WPARAM W, LPARAM L) {

@@ -19,6 +19,5 @@ class Pair_Champ_Texte : public Pair_Natif {
   void Allonger(const std::wstring& Suite);
 
   Champ_Texte& Champ_;
-  Objet_Gdi<HBRUSH> Pinceau_;
   std::string Montre_;  // the text that the native control shows
 };

@@ -131,10 +131,11 @@ void Pair_Natif::Actualiser_Active() {
 }
 
 HBRUSH Pair_Natif::Colorer(HDC Dc) {
-  const auto& Encre = Controle_.Encre();
-  SetTextColor(Dc, Encre ? En_Colorref(*Encre) : GetSysColor(COLOR_BTNTEXT));
-  SetBkColor(Dc, Lieu_.Fond);
-  return Lieu_.Pinceau_Fond;
+  const COLORREF Fond = Look().Fond ? Lieu_.Teinte(Look().Fond, COLOR_BTNFACE) : Lieu_.Fond;
+  SetTextColor(Dc, Lieu_.Teinte(Controle_.Encre(), COLOR_BTNTEXT));
+  SetBkColor(Dc, Fond);
+  SetDCBrushColor(Dc, Fond);
+  return static_cast<HBRUSH>(GetStockObject(DC_BRUSH));
 }
 
 LRESULT Pair_Natif::Envoyer(UINT Message, WPARAM W, LPARAM L) const {

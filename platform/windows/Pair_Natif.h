@@ -26,9 +26,16 @@ struct Surface {
   Echelle Mesure = {};
   COLORREF Fond = 0;
   HBRUSH Pinceau_Fond = nullptr;
+  bool Contraste_Eleve = false;
   Foyer Clavier = {};
   /// In declaration order.
   std::vector<std::unique_ptr<Pair_Natif>> Pairs = {};
+
+  /// The layout's colour; where it gives none, and everywhere in high contrast, the system's
+  /// (COLOR_BTNTEXT, ...).
+  COLORREF Teinte(const std::optional<Couleur>& Voulue, int Systeme) const {
+    return Voulue && !Contraste_Eleve ? En_Colorref(*Voulue) : GetSysColor(Systeme);
+  }
 };
 
 class Pair_Natif : public Pair_Controle {

@@ -34,7 +34,6 @@ SIZE Pair_Cadre::Place_Texte() const {
 }
 
 Pair_Etiquette::Pair_Etiquette(Surface& Lieu, Etiquette& Sienne) : Pair_Natif(Lieu, Sienne) {
-  if (Look().Fond) Pinceau_.reset(CreateSolidBrush(En_Colorref(*Look().Fond)));
   Creer(WC_STATICW,
         static_cast<DWORD>(SS_NOPREFIX) | static_cast<DWORD>(Look().Centre ? SS_CENTER : SS_LEFT));
 }
@@ -52,13 +51,6 @@ void Pair_Etiquette::Disposer() {
 SIZE Pair_Etiquette::Place_Texte() const {
   const RECT Ici = Place();
   return {Largeur_De(Ici), Hauteur_De(Ici)};
-}
-
-HBRUSH Pair_Etiquette::Colorer(HDC Dc) {
-  const HBRUSH Pinceau = Pair_Natif::Colorer(Dc);
-  if (!Pinceau_) return Pinceau;
-  SetBkColor(Dc, En_Colorref(*Look().Fond));
-  return Pinceau_.get();
 }
 
 Pair_Image::Pair_Image(Surface& Lieu, Image& Sienne) : Pair_Natif(Lieu, Sienne), Image_(Sienne) {
@@ -109,10 +101,8 @@ void Pair_Trait::Disposer() {
 }
 
 void Pair_Trait::Dessiner_Article(const DRAWITEMSTRUCT& Demande) {
-  const auto& Encre = Modele().Encre();
-  const Objet_Gdi<HBRUSH> Pinceau(
-      CreateSolidBrush(Encre ? En_Colorref(*Encre) : GetSysColor(COLOR_BTNTEXT)));
-  FillRect(Demande.hDC, &Demande.rcItem, Pinceau.get());
+  SetDCBrushColor(Demande.hDC, Lieu_.Teinte(Modele().Encre(), COLOR_BTNTEXT));
+  FillRect(Demande.hDC, &Demande.rcItem, static_cast<HBRUSH>(GetStockObject(DC_BRUSH)));
 }
 
 namespace {

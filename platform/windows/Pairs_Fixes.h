@@ -19,13 +19,9 @@ class Pair_Etiquette : public Pair_Natif {
  public:
   Pair_Etiquette(Surface& Lieu, Etiquette& Sienne);
   void Disposer() override;
-  HBRUSH Colorer(HDC Dc) override;
 
  protected:
   SIZE Place_Texte() const override;
-
- private:
-  Objet_Gdi<HBRUSH> Pinceau_;
 };
 
 class Pair_Image : public Pair_Natif {
