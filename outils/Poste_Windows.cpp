@@ -126,6 +126,16 @@ DWORD Compter_Poignees(HANDLE Processus, DWORD Numero) {
 
 }  // namespace
 
+Consommation Mesurer(HANDLE Processus) {
+  const DWORD Numero = GetProcessId(Processus);
+  Consommation C;
+  C.Poignees = Compter_Poignees(Processus, Numero);
+  C.Gdi = Compter_Gdi(Processus);
+  C.Fenetres = Compter_Fenetres(Numero);
+  C.User_Libres = Compter_User_Libres();
+  return C;
+}
+
 bool Programme_Lance::Lancer(std::wstring Commande, const std::wstring& Repertoire) {
   STARTUPINFOW Depart{};
   Depart.cb = sizeof Depart;
@@ -135,36 +145,25 @@ bool Programme_Lance::Lancer(std::wstring Commande, const std::wstring& Repertoi
     return false;
   }
   CloseHandle(Infos.hThread);
-  if (Poignee_ != nullptr) CloseHandle(Poignee_);
-  Poignee_ = Infos.hProcess;
-  Numero_ = Infos.dwProcessId;
+  Processus_.reset(Infos.hProcess);
   return true;
 }
 
 std::optional<DWORD> Programme_Lance::Fin() const {
   DWORD Code = 0;
-  if (WaitForSingleObject(Poignee_, 0) != WAIT_OBJECT_0) return {};
-  GetExitCodeProcess(Poignee_, &Code);
+  if (WaitForSingleObject(Processus(), 0) != WAIT_OBJECT_0) return {};
+  GetExitCodeProcess(Processus(), &Code);
   return Code;
 }
 
 void Programme_Lance::Tuer() const {
-  TerminateProcess(Poignee_, 99);
-  WaitForSingleObject(Poignee_, 5000);
-}
-
-Consommation Programme_Lance::Mesurer() const {
-  Consommation C;
-  C.Poignees = Compter_Poignees(Poignee_, Numero_);
-  C.Gdi = Compter_Gdi(Poignee_);
-  C.Fenetres = Compter_Fenetres(Numero_);
-  C.User_Libres = Compter_User_Libres();
-  return C;
+  TerminateProcess(Processus(), 99);
+  WaitForSingleObject(Processus(), 5000);
 }
 
 std::vector<Description_Fenetre> Programme_Lance::Fenetres() const {
   std::vector<Description_Fenetre> Visibles;
-  for (HWND Une : Toutes_De(Numero_)) {
+  for (HWND Une : Toutes_De(GetProcessId(Processus()))) {
     Description_Fenetre D = Decrire(Une);
     if (!D.Visible) continue;
     D.Foyer = GetForegroundWindow() == Une;

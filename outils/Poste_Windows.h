@@ -2,11 +2,11 @@
 // What the driver sees and does on the Windows desktop: programs that it starts, their windows and
 // controls, and what they use up. A call never waits for a program that is busy.
 
-#include <windows.h>
-
 #include <optional>
 #include <string>
 #include <vector>
+
+#include "platform/windows/Poignee.h"
 
 struct Description_Fenetre {
   HWND Poignee = nullptr;
@@ -26,6 +26,9 @@ struct Consommation {
   DWORD User_Libres = 0;  ///< USER handles that the whole session can still create
 };
 
+/// Of a process opened with the right to query and to read it.
+Consommation Mesurer(HANDLE Processus);
+
 class Programme_Lance {
  public:
   /// Replaces a program started earlier, which is left to itself. False: not started.
@@ -33,14 +36,12 @@ class Programme_Lance {
   /// Exit code, none while it runs (or was never started).
   std::optional<DWORD> Fin() const;
   void Tuer() const;
-  DWORD Numero() const { return Numero_; }
-  Consommation Mesurer() const;
+  HANDLE Processus() const { return Processus_.get(); }
   /// Top-level windows that are visible, from front to back.
   std::vector<Description_Fenetre> Fenetres() const;
 
  private:
-  HANDLE Poignee_ = nullptr;
-  DWORD Numero_ = 0;
+  Poignee Processus_;
 };
 
 /// The controls of a window; only those with that identifier unless Numero is 0.

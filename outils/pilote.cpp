@@ -95,8 +95,8 @@ std::wstring Lister(HWND Liste) {
   return Sortie;
 }
 
-std::wstring Mesurer() {
-  const Consommation C = Programme.Mesurer();
+std::wstring Mesurer_Programme() {
+  const Consommation C = Mesurer(Programme.Processus());
   std::wstring Sortie = L"OK";
   for (const DWORD N : {C.Poignees, C.Gdi, C.Fenetres, C.User_Libres})
     Sortie += L'\t' + std::to_wstring(N);
@@ -143,7 +143,7 @@ const std::map<std::wstring, std::function<std::wstring(const Champs&)>> Command
     {L"menu", Choisir_Menu},
     {L"envoyer", Envoyer_Message},
     {L"poster", Poster_Message},
-    {L"mesurer", [](const Champs&) { return Mesurer(); }},
+    {L"mesurer", [](const Champs&) { return Mesurer_Programme(); }},
     {L"presse-papiers", [](const Champs&) { return Oui(Proteger(Presse_Papiers())); }},
 };
 

@@ -51,7 +51,7 @@ std::string Texte_Exception() {
 
 }  // namespace
 
-Fenetrage_Windows::Fenetrage_Windows() {
+Fenetrage_Windows::Fenetrage_Windows(const wchar_t* Famille) : Fontes_(Famille) {
   const INITCOMMONCONTROLSEX Voulues{sizeof Voulues, ICC_STANDARD_CLASSES | ICC_PROGRESS_CLASS};
   InitCommonControlsEx(&Voulues);
   Fenetre_Native::Enregistrer_Classes();

@@ -13,7 +13,8 @@
 
 class Fenetrage_Windows : public Fenetrage {
  public:
-  Fenetrage_Windows();
+  /// Famille: typeface of the windows.
+  explicit Fenetrage_Windows(const wchar_t* Famille = Polices::Famille_Du_Poste());
 
   Pair_Fenetre* Creer(Fenetre& Modele) override;
   Reponse Boite_Message(std::string_view Texte, Boutons Choix, Icone Dessin,

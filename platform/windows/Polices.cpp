@@ -27,9 +27,12 @@ bool Famille_Presente(HDC Dc, const wchar_t* Nom) {
 
 }  // namespace
 
-Polices::Polices()
-    : Dc_(CreateCompatibleDC(nullptr)),
-      Famille_(Famille_Presente(Dc_.get(), Famille_Voulue) ? Famille_Voulue : Famille_De_Repli) {}
+Polices::Polices(const wchar_t* Famille) : Dc_(CreateCompatibleDC(nullptr)), Famille_(Famille) {}
+
+const wchar_t* Polices::Famille_Du_Poste() {
+  const Dc_Memoire Dc(CreateCompatibleDC(nullptr));
+  return Famille_Presente(Dc.get(), Famille_Voulue) ? Famille_Voulue : Famille_De_Repli;
+}
 
 HFONT Polices::Normale(const Conception& Look, Echelle Mesure) {
   return Donner({.Corps = Mesure.Corps(Look.Points), .Gras = Look.Gras, .Souligne = Look.Souligne});

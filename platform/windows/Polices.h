@@ -11,7 +11,11 @@
 
 class Polices {
  public:
-  Polices();
+  /// Famille: name of the typeface.
+  explicit Polices(const wchar_t* Famille);
+
+  /// The typeface that the windows were designed with, or the one that stands in for it.
+  static const wchar_t* Famille_Du_Poste();
 
   HFONT Normale(const Conception& Look, Echelle Mesure);
 
