@@ -40,9 +40,12 @@ class Cas(unittest.TestCase):
         attendre(lambda: self.volet().endswith(fin), delai, f"{fin!r} à la fin de {self.volet()!r}")
         return self.volet()
 
+    def demander_mise_a_jour(self):
+        attendre(lambda: self.fmain.cliquer("CmdMaj"), 10, "« Mise à jour » actif")
+
     def mettre_a_jour(self, reponse="Oui"):
         """Presses "Mise à jour" and answers the confirmation; its text."""
-        attendre(lambda: self.fmain.cliquer("CmdMaj"), 10, "« Mise à jour » actif")
+        self.demander_mise_a_jour()
         boite = self.poste.boite("TELECHARGER")
         self.assertEqual(boite.boutons, ["Oui", "Non"])
         boite.repondre(reponse)
@@ -69,13 +72,19 @@ class Cas(unittest.TestCase):
         self.assertNotIn("FAUTE", self.poste.trace())
         self.assertNotIn("SCENARIO: ligne", self.poste.trace())
 
+    def verifier_utilisable(self):
+        self.assertTrue(self.fmain.relire().active and self.fmain["CmdQuitter"].actif)
+
+    def verifier_place(self, nom, lue, voulue, dpi):
+        """Pixels read against twips, within 2 pixels at 96 DPI."""
+        for pixels, twips in zip(lue, voulue):
+            self.assertAlmostEqual(pixels, twips * dpi / 1440, delta=dpi / 48, msg=f"{nom} {voulue} {lue}")
+
     def verifier_places(self, fenetre, dpi=96):
-        """Every control where the window's table puts it, within 2 pixels at 96 DPI."""
+        """Every control where the window's table puts it."""
         modele, controles = MODELES[fenetre.modele], fenetre.controles()
         self.assertGreater(len(modele.places), 2)
         for nom, place in modele.places.items():
             gauche, haut = modele.places[modele.parents[nom]][:2] if nom in modele.parents else (0, 0)
-            voulu = (gauche + place[0], haut + place[1], gauche + place[0] + place[2], haut + place[1] + place[3])
-            lu = controles[modele.numeros[nom]].place
-            for twips, pixels in zip(voulu, lu):
-                self.assertAlmostEqual(pixels, twips * dpi / 1440, delta=dpi / 48, msg=f"{fenetre.modele}.{nom} {voulu} {lu}")
+            voulue = (gauche + place[0], haut + place[1], gauche + place[0] + place[2], haut + place[1] + place[3])
+            self.verifier_place(f"{fenetre.modele}.{nom}", controles[modele.numeros[nom]].place, voulue, dpi)

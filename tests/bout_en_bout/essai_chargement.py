@@ -1,6 +1,6 @@
 """Whole loads, with the real pauses: what the operator sees and what the reader holds."""
 
-from cas import APPLI, ENTETE, LOGICIELS, NOYAU, PETITS, TERMINAL, Cas
+from cas import APPLI, ENTETE, LOGICIELS, NOYAU, PETITS, Cas
 from fenetres import attendre
 
 CONNEXION = ENTETE + "Connexion Réussie.\n"
@@ -26,7 +26,7 @@ class Automatique_650(Cas):
         self.assertEqual(volet, CONNEXION + f"Ouverture du fichier {NOYAU} 5000 Octets.\n" + UN_FICHIER
                          + f"Ouverture du fichier {APPLI} 4086 Octets.\n" + UN_FICHIER + "Arrêt du Galss\n")
         self.poste.absente("FrmAnimCharg")
-        self.assertTrue(self.fmain.relire().active and self.fmain["CmdQuitter"].actif)
+        self.verifier_utilisable()
         self.juger([PETITS[NOYAU], PETITS[APPLI]])
 
 
@@ -85,13 +85,6 @@ class Chargements(Cas):
         self.mettre_a_jour()
         self.attendre_volet("Chargement Réussi.\tHH\nArrêt du Galss\n", 30)
         self.assertEqual(self.poste.recus()[1:], [LOGICIELS[APPLI]])
-
-    def test_lecteur_refuse(self):
-        self.lancer("lecteur-refuse")
-        self.fmain.cliquer("CmdMaj")
-        self.repondre("attention", TERMINAL)
-        self.assertEqual(self.volet(), CONNEXION)
-        self.juger([])
 
     def test_deux_cents_confirmations_refusees_ne_consomment_rien(self):
         self.lancer("trace = non")

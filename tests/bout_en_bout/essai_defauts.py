@@ -1,8 +1,6 @@
 """Faults of the library and of the reader through the real program, built so that the buffers lent to
 the library end at a forbidden page. After each, the window is usable and a clean update goes through."""
 
-import time
-
 from cas import APPLI, ENTETE, PETITS, SERVICE, TERMINAL, Cas
 from fenetres import attendre
 from poste import GARDE
@@ -49,30 +47,25 @@ class Defauts_Telechargement(Cas):
         deja = len(self.poste.recus())
         self.poste.scenario("type_lecteur = LECTEUR BIFENTE 2.0M-XA-V2\n" + self.base + "defaut = " + defaut + "\n")
         self.fmain.choisir("CchosseAppli", APPLI)
-        attendre(lambda: self.fmain.cliquer("CmdMaj"), 5, "« Mise à jour » actif")
+        self.demander_mise_a_jour()
         fin = self.suivre()
         reussi = "Chargement Réussi." in self.volet()
         recus = self.poste.recus()[deja:]
         self.assertTrue(not reussi or recus == [self.recu], "succès annoncé à tort")
         self.assertTrue(all(self.recu.startswith(r) for r in recus))
-        return "succes" if reussi else {"fini": "echec"}.get(fin, fin)
+        return "succes" if reussi else fin
 
     def suivre(self):
         """Answers the boxes up to the end of the update."""
-        limite = time.monotonic() + 30
-        while time.monotonic() < limite:
-            boite = next((f for f in self.poste.fenetres() if f.classe == "#32770"), None)
-            if boite is None:
-                if self.poste.demander("fin") is not None:
-                    raise AssertionError("le programme est mort")
-                if self.fmain.texte("TxtDetails").endswith("Arrêt du Galss\r\n") and len(self.poste.fenetres()) == 1:
-                    return "fini"
-                continue
-            boite = self.poste.boite(boite.titre)
-            boite.repondre("Oui" if boite.titre == "TELECHARGER" else "OK")
-            if boite.titre != "TELECHARGER":
-                return {TERMINAL: "refus", SERVICE: "erreur"}[boite.texte]
-        raise AssertionError("mise à jour sans fin : " + self.volet())
+        def fin():
+            self.assertIsNone(self.poste.demander("fin"), "le programme est mort")
+            titre = next((f.titre for f in self.poste.fenetres() if f.classe == "#32770"), None)
+            if titre is None:
+                return self.volet().endswith("Arrêt du Galss\n") and len(self.poste.fenetres()) == 1 and "echec"
+            boite = self.poste.boite(titre)
+            boite.repondre("Oui" if titre == "TELECHARGER" else "OK")
+            return titre != "TELECHARGER" and {TERMINAL: "refus", SERVICE: "erreur"}[boite.texte]
+        return attendre(fin, 30, "fin de la mise à jour")
 
     def verifier_calme(self):
         self.assertNotIn("FAUTE", self.poste.trace())
