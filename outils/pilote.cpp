@@ -128,8 +128,6 @@ std::wstring Fin() {
 }
 
 const std::map<std::wstring, std::function<std::wstring(const Champs&)>> Commandes = {
-    {L"variable",
-     [](const Champs& A) { return Oui_Si(SetEnvironmentVariableW(A[1].c_str(), A[2].c_str())); }},
     {L"lancer", [](const Champs& A) { return Oui_Si(Programme.Lancer(A[2], A[1])); }},
     {L"fin", [](const Champs&) { return Fin(); }},
     {L"tuer", [](const Champs&) { return Programme.Tuer(), Oui(); }},

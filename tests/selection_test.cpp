@@ -85,8 +85,6 @@ TEST_F(Selection_Test, Vingt_Six_Fichiers_Au_Plus_Sans_Perdre_Le_Plus_Recent) {
 
 TEST_F(Selection_Test, Un_Genre_Sans_Fichier) {
   Demarrer_Sur({"Fexa0300.ing"});
-  EXPECT_EQ(FMain.CchosseAppli.Entrees(), Noms{Aucune});
-  EXPECT_EQ(FMain.CchosseAppli.Texte(), "") << "the start-up's second scan selects nothing";
   EXPECT_EQ(Etat(), "------- --.-- 03.00 oui");
   FMain.OptManuel.Choisir();
   FMain.OptAuto.Choisir();
