@@ -12,8 +12,6 @@
 // "Chargement Réussi." is wrong. It must be shown exactly when the reader holds the whole file and
 // its consent reached the program.
 
-#include <optional>
-
 #include "simulator/Lecteur_Serie.h"
 #include "tests/Machine_De_Test.h"
 
@@ -27,22 +25,13 @@ struct Action {
 };
 std::vector<Action> Actions_Permises(Fenetres& F);
 
-struct Scenario_Campagne {
-  std::string_view Nom, Lecteur;
-  std::size_t Noyau, Appli;  ///< sizes of the files in the directory, 0 for none
-  void (*Preparer)(Epreuve&);
-  void (*Jouer)(Epreuve&);
-  bool Mise_A_Jour;
-};
-extern const std::vector<Scenario_Campagne> Scenarios_Campagne;
+struct Scenario_Campagne;
 
 struct Bilan {
   std::vector<std::string> Plaintes;
-  std::map<std::string, int, std::less<>> Appels;
-  std::vector<Cible> Operations;                  ///< of the library, in order
+  std::map<std::string_view, int> Appels;         ///< of the platform; of the library by its targets' names too
   std::vector<std::vector<std::string>> Actions;  ///< allowed at each yield, when asked for
   bool Impossible = false;                        ///< an action that the windows did not allow at that moment
-  std::size_t Empreinte = 0;                      ///< of all that could be seen
 };
 
 class Epreuve : public Poste_De_Test {
@@ -54,13 +43,9 @@ class Epreuve : public Poste_De_Test {
   void Poser_Reglage(const std::string& Texte);
 
   Bilan Passer();
-  /// That many updates and tests; answers what the program holds then, the test's own records left
-  /// out. Mesurer: bytes allocated.
-  std::size_t Repeter(int Fois, std::size_t (*Mesurer)());
   bool Relever_Actions = false;
-  /// The reader's, the disk's and the line's own state again.
-  void Retablir();
-  void Rechoisir_Repertoire();
+  /// Everything but the program's memory as it was: the machine, the windows, the directory chosen.
+  void Recommencer();
 
   /// What the operator does, as a window procedure runs it: a failure stops there.
   void Agir(const std::function<void()>& Action);
@@ -80,26 +65,25 @@ class Epreuve : public Poste_De_Test {
     std::string Appel, Effet;
     int Rang, Valeur;
     bool Toujours;
-    mutable bool Frappe = false;
+    bool Frappe = false;
   };
   struct Faits {
-    int Refus = 0, Reussis = 0, Noyaux_Sans_Suite = 0, Lectures = 0, Blocs = 0;  // of the reader
-    int Levees_Dehors = 0, Levees_Connecte = 0, Levees_Dedans = 0,
-        Levees_Fin = 0;  // raised to the program
-    int Succes_Montres = 0, Erreurs_Montrees = 0, Echappees = 0, Clics = 0;
-    bool Connecte = false, Sans_Traitant = false, Noyau_En_Cours = false, Quitter_Eteint = false;
     double Debut = 0;
-    int Fins = 0, Fermetures = 0;  // calls of the library before this run
-    std::size_t Fichiers = 0, Fautes = 0;
+    std::size_t Fautes = 0;                                                         // before this run
+    int Refus = 0, Reussis = 0, Noyaux_Sans_Suite = 0, Lectures = 0;                // of the reader
+    int Levees_Dehors = 0, Levees_Connecte = 0, Levees_Dedans = 0, Levees_Fin = 0;  // to the program
+    int Succes_Montres = 0, Echappees = 0;
+    bool Erreur_Montree = false, Connecte = false, Sans_Traitant = false;
   };
 
+  void Retablir();
   void Tenter(const std::function<void()>& Action);
   void Passer_Appel(std::string_view Appel);
-  void Frapper(const Perturbation& P, std::string_view Appel);
+  void Frapper(Perturbation& P, std::string_view Appel);
   [[noreturn]] void Lever(const Perturbation& P, std::string_view Appel);
   void Voir_Echange(Vue_Octets Commande, std::int16_t Code, Vue_Octets Reponse, std::int32_t Long);
   void Voir_Details();
-  void Jouer();
+  void Jouer(const std::function<void(Epreuve&)>& Jeu);
   void Exiger(bool Vrai, const std::string& Plainte);
   void Juger_Lecteur();
   void Juger_Session();
@@ -108,14 +92,22 @@ class Epreuve : public Poste_De_Test {
 
   std::vector<Perturbation> Perturbations_;
   Lecteur_Serie Serie_;
-  const bool Lecteur_Change_, Melange_, Operateur_;
+  const bool Lecteur_Change_, Melange_;
+  bool Operateur_;  // clicks in this run
+  bool Quitter_Offert_ = true, Reprise_ = false;
   Faits Vus_;
   Bilan Bilan_;
-  std::optional<Octets> A_Repeter_;
+  Octets A_Repeter_;
   Cible Operation_ = Cible::Appel;
   std::string Details_;
   Octets Ancien_Reglage_;
   std::vector<std::string> Ordre_;
   std::map<std::string, Octets, std::less<>> Fichiers_;
-  bool Reprise_ = false;
 };
+
+struct Scenario_Campagne {
+  std::string_view Nom, Lecteur;
+  std::size_t Noyau, Appli;  ///< sizes of the files in the directory, 0 for none
+  std::function<void(Epreuve&)> Jouer = &Epreuve::Mettre_A_Jour, Preparer = &Epreuve::Demarrer;
+};
+extern const std::vector<Scenario_Campagne> Scenarios_Campagne;

@@ -4,66 +4,54 @@
 
 namespace {
 
-class Releve : public Visiteur_Controles {
- public:
-  std::vector<Action> Liste;
+using Actions = std::vector<Action>;
 
-  void Relever(Fenetre& F, int Rang) {
-    if (!F.Ouverte() || !F.Active()) return;
-    for (Controle* Un : F.Controles()) {
-      if (Un->Accessible()) Un->Accueillir(*this);
-    }
-    for (Entree_Menu* Menu : F.Menus()) Relever(*Menu);
-    if (F.Depart().Fermable) Offrir("fermer-", Rang, [&F] { F.Fermer_Par_Cadre(); });
+/// One for each entry of a list. Choisir: its member function that takes the entry's rank.
+void Offrir_Entrees(Actions& Toutes, auto& Liste, std::size_t Nombre, auto Choisir) {
+  for (int I = 0; I < static_cast<int>(Nombre); ++I) {
+    Toutes.push_back(
+        {std::to_string(Liste.Numero()) + "-" + std::to_string(I), [&Liste, Choisir, I] { (Liste.*Choisir)(I); }});
   }
+}
 
- private:
-  void Offrir(std::string Nom, int Numero, std::function<void()> Faire) {
-    Liste.push_back({std::move(Nom) + std::to_string(Numero), std::move(Faire)});
+void Offrir(Actions& Toutes, Controle& Un) {
+  const std::string Nom = std::to_string(Un.Numero());
+  if (auto* const B = dynamic_cast<Bouton*>(&Un)) {
+    Toutes.push_back({Nom, [B] { B->Cliquer(); }});
+  } else if (auto* const I = dynamic_cast<Image*>(&Un); I && I->Clic) {
+    Toutes.push_back({Nom, [I] { I->Cliquer(); }});
+  } else if (auto* const O = dynamic_cast<Option*>(&Un); O && !O->Valeur()) {
+    Toutes.push_back({Nom, [O] { O->Choisir(); }});
+  } else if (auto* const L = dynamic_cast<Liste_Deroulante*>(&Un)) {
+    Offrir_Entrees(Toutes, *L, L->Entrees().size(), &Liste_Deroulante::Choisir_A_La_Main);
+    Toutes.push_back({Nom + "-t", [L] { L->Taper(); }});
+  } else if (auto* const D = dynamic_cast<Liste_Lecteurs*>(&Un)) {
+    Offrir_Entrees(Toutes, *D, D->Entrees().size(), &Liste_Lecteurs::Choisir_A_La_Main);
+  } else if (auto* const R = dynamic_cast<Liste_Repertoires*>(&Un)) {
+    Offrir_Entrees(Toutes, *R, R->Lignes().size(), &Liste_Repertoires::Ouvrir_A_La_Main);
   }
-  template <class Entrees>
-  void Offrir_Entrees(const Controle& Liste_De, const Entrees& Toutes, auto Choisir) {
-    const std::string Nom = std::to_string(Liste_De.Numero()) + "-";
-    for (int I = 0; I < static_cast<int>(Toutes.size()); ++I) {
-      Offrir(Nom, I, [Choisir, I] { Choisir(I); });
-    }
-  }
-  void Relever(Entree_Menu& Menu) {
-    if (Menu.Clic) Offrir("", Menu.Numero(), [&Menu] { Menu.Cliquer(); });
-    for (Entree_Menu* Entree : Menu.Sous_Menu()) Relever(*Entree);
-  }
+}
 
-  void Visiter(Barre_Progression&) override {}
-  void Visiter(Cadre&) override {}
-  void Visiter(Champ_Texte&) override {}
-  void Visiter(Etiquette&) override {}
-  void Visiter(Trait&) override {}
-  void Visiter(Bouton& B) override {
-    Offrir("", B.Numero(), [&B] { B.Cliquer(); });
-  }
-  void Visiter(Image& I) override {
-    if (I.Clic) Offrir("", I.Numero(), [&I] { I.Cliquer(); });
-  }
-  void Visiter(Option& O) override {
-    if (!O.Valeur()) Offrir("", O.Numero(), [&O] { O.Choisir(); });
-  }
-  void Visiter(Liste_Deroulante& L) override {
-    Offrir_Entrees(L, L.Entrees(), [&L](int I) { L.Choisir_A_La_Main(I); });
-    Liste.push_back({std::to_string(L.Numero()) + "-t", [&L] { L.Taper(); }});
-  }
-  void Visiter(Liste_Lecteurs& L) override {
-    Offrir_Entrees(L, L.Entrees(), [&L](int I) { L.Choisir_A_La_Main(I); });
-  }
-  void Visiter(Liste_Repertoires& L) override {
-    Offrir_Entrees(L, L.Lignes(), [&L](int I) { L.Ouvrir_A_La_Main(I); });
-  }
-};
+void Offrir(Actions& Toutes, Entree_Menu& Menu) {
+  if (Menu.Clic) Toutes.push_back({std::to_string(Menu.Numero()), [&Menu] { Menu.Cliquer(); }});
+  for (Entree_Menu* Entree : Menu.Sous_Menu()) Offrir(Toutes, *Entree);
+}
 
 }  // namespace
 
-std::vector<Action> Actions_Permises(Fenetres& F) {
-  Releve Toutes;
-  Fenetre* const Fenetres_Du_Programme[] = {&F.FMain, &F.FDossierING, &F.FrmAnimCharg, &F.FrmResultParam, &F.frmAbout};
-  for (int I = 0; I < 5; ++I) Toutes.Relever(*Fenetres_Du_Programme[I], I);
-  return std::move(Toutes.Liste);
+Actions Actions_Permises(Fenetres& F) {
+  Actions Toutes;
+  int Rang = 0;
+  for (Fenetre* Une :
+       std::vector<Fenetre*>{&F.FMain, &F.FDossierING, &F.FrmAnimCharg, &F.FrmResultParam, &F.frmAbout}) {
+    ++Rang;
+    if (!Une->Ouverte() || !Une->Active()) continue;
+    for (Controle* Un : Une->Controles()) {
+      if (Un->Accessible()) Offrir(Toutes, *Un);
+    }
+    for (Entree_Menu* Menu : Une->Menus()) Offrir(Toutes, *Menu);
+    if (Une->Depart().Fermable)
+      Toutes.push_back({"fermer-" + std::to_string(Rang), [Une] { Une->Fermer_Par_Cadre(); }});
+  }
+  return Toutes;
 }

@@ -12,9 +12,6 @@ constexpr auto Tele = AVANT_200 "famille = telechargement", Charge = DEPUIS_200 
 // The application is an exact number of blocks; the second family leaves 3 bytes.
 constexpr std::size_t Noyau = 1300, Appli = 2 * 507, Appli_Chargee = Appli + 3;
 
-void Ouvrir(Epreuve& E) {
-  E.Demarrer();
-}
 void Ouvrir_Manuel(Epreuve& E) {
   E.Demarrer();
   E.FMain.OptManuel.Choisir();
@@ -25,12 +22,6 @@ void Ouvrir_Tout(Epreuve& E) {
   E.Demarrer();
   E.FMain.MnApropos.Cliquer();
   E.FMain.CmdChooseDirectory.Cliquer();
-}
-void Charger(Epreuve& E) {
-  E.Mettre_A_Jour();
-}
-void Tester(Epreuve& E) {
-  E.Tester();
 }
 void Demarrer(Epreuve& E) {
   E.Agir([&] { E.Demarrer(); });
@@ -50,22 +41,21 @@ void Choisir_Dossier(Epreuve& E) {
 }  // namespace
 
 const std::vector<Scenario_Campagne> Scenarios_Campagne = {
-    {"tele", Tele, Noyau, Appli, Ouvrir, Charger, true},
-    {"tele-noyau", Tele, Noyau, 0, Ouvrir, Charger, true},
-    {"tele-appli", AVANT_200 "premier_fichier = appli", 0, Appli, Ouvrir, Charger, true},
-    {"charge", Charge, Noyau, Appli_Chargee, Ouvrir, Charger, true},
-    {"charge-noyau", Charge, Noyau, 0, Ouvrir, Charger, true},
-    {"charge-appli", DEPUIS_200 "premier_fichier = appli", 0, Appli_Chargee, Ouvrir, Charger, true},
-    {"650", "taille_bloc = 1", Noyau, Appli, Ouvrir, Charger, true},
-    {"manuel", Charge, Noyau, Appli_Chargee, Ouvrir_Manuel, Charger, true},
-    {"refuse", "num_version = 0126", Noyau, Appli, Ouvrir, Charger, true},
-    {"tele-refus", AVANT_200 "defaut = bloc 2 : refus 50", Noyau, Appli, Ouvrir, Charger, true},
-    {"charge-panne", DEPUIS_200 "defaut = bloc 2 fichier 2 : technique 130", Noyau, Appli_Chargee, Ouvrir, Charger,
-     true},
-    {"tele-fenetres", Tele, Noyau, Appli, Ouvrir_Tout, Charger, true},
-    {"charge-fenetres", Charge, Noyau, Appli_Chargee, Ouvrir_Tout, Charger, true},
-    {"serie-9600", Tele, Noyau, Appli, Ouvrir, Tester, false},
-    {"serie-19200", AVANT_200 "vitesses = 19200", Noyau, Appli, Ouvrir, Tester, false},
-    {"demarrage", Tele, Noyau, Appli, [](Epreuve&) {}, Demarrer, false},
-    {"dialogue", Tele, Noyau, Appli, Ouvrir, Choisir_Dossier, false},
+    {"tele", Tele, Noyau, Appli},
+    {"tele-noyau", Tele, Noyau, 0},
+    {"tele-appli", AVANT_200 "premier_fichier = appli", 0, Appli},
+    {"charge", Charge, Noyau, Appli_Chargee},
+    {"charge-noyau", Charge, Noyau, 0},
+    {"charge-appli", DEPUIS_200 "premier_fichier = appli", 0, Appli_Chargee},
+    {"650", "taille_bloc = 1", Noyau, Appli},
+    {"manuel", Charge, Noyau, Appli_Chargee, &Epreuve::Mettre_A_Jour, Ouvrir_Manuel},
+    {"refuse", "num_version = 0126", Noyau, Appli},
+    {"tele-refus", AVANT_200 "defaut = bloc 2 : refus 50", Noyau, Appli},
+    {"charge-panne", DEPUIS_200 "defaut = bloc 2 fichier 2 : technique 130", Noyau, Appli_Chargee},
+    {"tele-fenetres", Tele, Noyau, Appli, &Epreuve::Mettre_A_Jour, Ouvrir_Tout},
+    {"charge-fenetres", Charge, Noyau, Appli_Chargee, &Epreuve::Mettre_A_Jour, Ouvrir_Tout},
+    {"serie-9600", Tele, Noyau, Appli, &Epreuve::Tester},
+    {"serie-19200", AVANT_200 "vitesses = 19200", Noyau, Appli, &Epreuve::Tester},
+    {"demarrage", Tele, Noyau, Appli, Demarrer, [](Epreuve&) {}},
+    {"dialogue", Tele, Noyau, Appli, Choisir_Dossier},
 };
