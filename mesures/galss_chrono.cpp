@@ -4,24 +4,23 @@
 
 #include <windows.h>
 
+#include <chrono>
 #include <cstdint>
-#include <cstdio>
 #include <cstring>
+#include <fstream>
 
 namespace {
+
+using Horloge = std::chrono::steady_clock;
+using Microsecondes = std::chrono::duration<double, std::micro>;
 
 struct Chrono {
   int Attente_Ms = 0;
   int Blocs = 0;
-  LONGLONG Dans_Echange = 0, Premier = 0;
+  Microsecondes Dans_Echange{0};
+  Horloge::time_point Premier;
 };
 Chrono Etat;
-
-LONGLONG Tops() {
-  LARGE_INTEGER Lus;
-  QueryPerformanceCounter(&Lus);
-  return Lus.QuadPart;
-}
 
 void Attendre() {
   if (Etat.Attente_Ms == 0) return;
@@ -33,14 +32,9 @@ void Attendre() {
 }
 
 // Blocks, microseconds inside, microseconds from the first block's start to the last one's end.
-void Ecrire_Totaux(LONGLONG Fin) {
-  LARGE_INTEGER Par_Seconde;
-  QueryPerformanceFrequency(&Par_Seconde);
-  const double Unite = 1e6 / static_cast<double>(Par_Seconde.QuadPart);
-  FILE* const Sortie = std::fopen(R"(C:\Mesure\chrono.txt)", "w");
-  std::fprintf(Sortie, "%d %.1f %.1f\n", Etat.Blocs, Unite * static_cast<double>(Etat.Dans_Echange),
-               Unite * static_cast<double>(Fin - Etat.Premier));
-  std::fclose(Sortie);
+void Ecrire_Totaux(Horloge::time_point Fin) {
+  std::ofstream(R"(C:\Mesure\chrono.txt)") << std::fixed << Etat.Blocs << ' ' << Etat.Dans_Echange.count() << ' '
+                                           << Microsecondes(Fin - Etat.Premier).count() << '\n';
 }
 
 // A two-slot reader older than application 200, for which every file is newer.
@@ -57,10 +51,7 @@ static_assert(sizeof Lecteur == 1 + 117 + 1);
 
 OPERATION OuvrirSession(char*, char*, std::int16_t*, std::int16_t*) {
   Etat = {};
-  if (FILE* const Reglage = std::fopen(R"(C:\Mesure\attente.txt)", "r")) {
-    if (std::fscanf(Reglage, "%d", &Etat.Attente_Ms) != 1) Etat.Attente_Ms = 0;
-    std::fclose(Reglage);
-  }
+  std::ifstream(R"(C:\Mesure\attente.txt)") >> Etat.Attente_Ms;
   return 0;
 }
 OPERATION DebutExclusivite(char*, char*, char*, std::int16_t*) {
@@ -75,7 +66,7 @@ OPERATION FermerSession(std::int16_t, std::int16_t*) {
 
 OPERATION Echange(std::int16_t, std::int16_t, std::uint8_t* Commande, std::int32_t*, std::uint8_t* Reponse,
                   std::int32_t* Longueur_Reponse) {
-  const LONGLONG Debut = Tops();
+  const auto Debut = Horloge::now();
   Attendre();
   const std::uint8_t Ordre = Commande[3];  // 94 configuration, 99 request, 98 block
   if (Ordre == 0x94) std::memcpy(Reponse, Lecteur, *Longueur_Reponse = sizeof Lecteur - 1);
@@ -83,7 +74,7 @@ OPERATION Echange(std::int16_t, std::int16_t, std::uint8_t* Commande, std::int32
   if (Ordre != 0x98) return 0;
   std::memset(Reponse, 0, 2);
   if (Etat.Blocs++ == 0) Etat.Premier = Debut;
-  const LONGLONG Fin = Tops();
+  const auto Fin = Horloge::now();
   Etat.Dans_Echange += Fin - Debut;
   if ((Commande[4] & 0x10) != 0) Ecrire_Totaux(Fin);
   return 0;

@@ -21,7 +21,6 @@ constexpr std::size_t Donnees_Par_Bloc = 2043;
 void Transfert(benchmark::State& Etat) {
   Transfert_Immediat T(Taille);
   for (auto _ : Etat) benchmark::DoNotOptimize(T.Executer(Etat.range(0) != 0));
-  Etat.SetItemsProcessed(Etat.iterations() * static_cast<std::int64_t>(Taille / Donnees_Par_Bloc + 1));
 }
 BENCHMARK(Transfert)->ArgName("chargement")->Arg(0)->Arg(1);
 
@@ -41,13 +40,18 @@ BENCHMARK(Transfert)->ArgName("chargement")->Arg(0)->Arg(1);
 void Boucle_Nue(benchmark::State& Etat) {
   Transfert_Immediat T(Taille);
   for (auto _ : Etat) Envoi_Nu(T);
-  Etat.SetItemsProcessed(Etat.iterations() * static_cast<std::int64_t>(Taille / Donnees_Par_Bloc + 1));
 }
 BENCHMARK(Boucle_Nue);
 
-/// A real directory, searched by the system.
+/// A real directory of so many files, searched by the system.
 struct Disque_Systeme : Disque_De_Test {
-  using Disque_De_Test::Disque_De_Test;
+  Disque_Systeme(Pannes& P, std::int64_t Nombre)
+      : Disque_De_Test(P), Chemin(fs::temp_directory_path() / ("pavorin-mesure-" + std::to_string(Nombre))) {
+    if (!fs::create_directory(Chemin)) return;
+    for (std::int64_t I = 0; I < Nombre; ++I) {
+      std::ofstream(Chemin / ((I % 2 ? "ER" : "Fexa") + std::to_string(I) + ".ing"));
+    }
+  }
   void Chercher(std::string_view, std::string_view, const std::function<bool(std::string_view)>& Visiter) override {
     DIR* Dossier = opendir(Chemin.c_str());
     while (const dirent* Entree = readdir(Dossier)) {
@@ -55,24 +59,13 @@ struct Disque_Systeme : Disque_De_Test {
     }
     closedir(Dossier);
   }
-  std::string Chemin;
+  const fs::path Chemin;
 };
-
-std::string Remplir(std::int64_t Nombre) {
-  const fs::path Chemin = fs::temp_directory_path() / ("pavorin-mesure-" + std::to_string(Nombre));
-  if (fs::create_directory(Chemin)) {
-    for (std::int64_t I = 0; I < Nombre; ++I) {
-      std::ofstream(Chemin / ((I % 2 ? "ER" : "Fexa") + std::to_string(I) + ".ing"));
-    }
-  }
-  return Chemin.string();
-}
 
 void Catalogue(benchmark::State& Etat) {
   Poste_De_Test P;
   P.Demarrer();
-  Disque_Systeme Disque(P.Pannes_);
-  Disque.Chemin = Remplir(Etat.range(0));
+  Disque_Systeme Disque(P.Pannes_, Etat.range(0));
   Lecture Catalogue_Mesure(Disque, P.App.F.FMain, P.App.Globales);
   for (auto _ : Etat) {
     P.App.F.FMain.CchosseAppli.Vider();
@@ -93,8 +86,7 @@ BENCHMARK(Catalogue)->RangeMultiplier(10)->Range(10, 100'000);
 
 void Enumeration_Nue(benchmark::State& Etat) {
   Pannes Aucune;
-  Disque_Systeme Disque(Aucune);
-  Disque.Chemin = Remplir(Etat.range(0));
+  Disque_Systeme Disque(Aucune, Etat.range(0));
   for (auto _ : Etat) Deux_Passages(Disque);
 }
 BENCHMARK(Enumeration_Nue)->RangeMultiplier(10)->Range(10, 100'000);
@@ -116,8 +108,7 @@ void Decision(benchmark::State& Etat) {
 BENCHMARK(Decision);
 
 void Texte_De_Code_Galss(benchmark::State& Etat) {
-  std::string Message;
-  for (auto _ : Etat) {
+  for (std::string Message; auto _ : Etat) {
     Erreur_Galss("", 4096, Message);
     benchmark::DoNotOptimize(Message);
   }

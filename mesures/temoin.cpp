@@ -6,20 +6,15 @@
 
 #include <windows.h>
 
+#include <chrono>
 #include <cstdint>
 #include <cstdio>
 #include <cstdlib>
 #include <cstring>
-#include <string>
 
 namespace {
 
-double Microsecondes() {
-  LARGE_INTEGER Tops, Par_Seconde;
-  QueryPerformanceCounter(&Tops);
-  QueryPerformanceFrequency(&Par_Seconde);
-  return 1e6 * static_cast<double>(Tops.QuadPart) / static_cast<double>(Par_Seconde.QuadPart);
-}
+using Horloge = std::chrono::steady_clock;
 
 int Fenetre_Nue(int Largeur, int Hauteur, int Etiquettes) {
   WNDCLASSA Classe{};
@@ -79,7 +74,7 @@ int Depart(char* Commande) {
   STARTUPINFOA Infos{};
   Infos.cb = sizeof Infos;
   PROCESS_INFORMATION Lance{};
-  const double Debut = Microsecondes();
+  const auto Debut = Horloge::now();
   if (!CreateProcessA(nullptr, Commande, nullptr, nullptr, FALSE, 0, nullptr, nullptr, &Infos, &Lance)) {
     return 1;
   }
@@ -88,11 +83,12 @@ int Depart(char* Commande) {
     Sleep(1);
     EnumWindows(Regarder, reinterpret_cast<LPARAM>(&R));
   }
-  const double Visible = Microsecondes();
+  const auto Visible = Horloge::now();
   WaitForInputIdle(Lance.hProcess, INFINITE);
   DWORD_PTR Reponse = 0;
   SendMessageTimeoutA(R.Trouvee, WM_NULL, 0, 0, SMTO_NORMAL, 60'000, &Reponse);
-  std::printf("%.0f %.0f\n", Visible - Debut, Microsecondes() - Debut);
+  const std::chrono::duration<double, std::micro> Jusque_La = Visible - Debut, En_Tout = Horloge::now() - Debut;
+  std::printf("%.0f %.0f\n", Jusque_La.count(), En_Tout.count());
   TerminateProcess(Lance.hProcess, 0);
   WaitForSingleObject(Lance.hProcess, INFINITE);
   return 0;
