@@ -5,6 +5,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <utility>
 
 #include "platform/windows/Texte_Windows.h"
 
@@ -108,6 +109,7 @@ void Pair_Trait::Dessiner_Article(const DRAWITEMSTRUCT& Demande) {
 namespace {
 
 constexpr int Pas_Par_Unite = 100;
+constexpr int Bordure = 1;  // pixel
 
 }  // namespace
 
@@ -130,9 +132,19 @@ float Pair_Barre::Valeur() const {
   return std::clamp(Barre_.Valeur(), 0.0F, 100.0F);
 }
 
+int Pair_Barre::Rempli() const {
+  RECT Ici{};
+  GetClientRect(Poignee(), &Ici);
+  const int Dedans = Largeur_De(Ici) - 2 * Bordure;
+  return static_cast<int>(std::lround(Valeur() / 100 * static_cast<float>(Dedans)));
+}
+
 // Painted on the spot, as a label paints its new text: an invalidation and the message that it ends
 // in would cost several times as much, at every block.
 void Pair_Barre::Actualiser_Valeur() {
+  // A block of a large file moves the bar by less than a pixel.
+  const int Nouveau = Rempli();
+  if (std::exchange(Rempli_, Nouveau) == Nouveau) return;
   const HDC Dc = GetDC(Poignee());
   Peindre(Dc);
   ReleaseDC(Poignee(), Dc);
@@ -161,11 +173,9 @@ void Pair_Barre::Peindre(HDC Dc) const {
   RECT Bord{};
   GetClientRect(Poignee(), &Bord);
   FrameRect(Dc, &Bord, GetSysColorBrush(COLOR_BTNSHADOW));
-  InflateRect(&Bord, -1, -1);
+  InflateRect(&Bord, -Bordure, -Bordure);
   RECT Plein = Bord, Vide = Bord;
-  Plein.right = Vide.left =
-      Bord.left +
-      static_cast<LONG>(std::lround(Valeur() / 100 * static_cast<float>(Largeur_De(Bord))));
+  Plein.right = Vide.left = Bord.left + Rempli();
   FillRect(Dc, &Plein, GetSysColorBrush(COLOR_HIGHLIGHT));
   FillRect(Dc, &Vide, GetSysColorBrush(COLOR_WINDOW));
 }

@@ -59,8 +59,11 @@ class Pair_Barre : public Pair_Natif {
 
  private:
   float Valeur() const;
+  /// Pixels that the value fills inside the border.
+  int Rempli() const;
   void Actualiser_Valeur();
   void Peindre(HDC Dc) const;
 
   Barre_Progression& Barre_;
+  int Rempli_ = -1;  // when a new value was last painted
 };
