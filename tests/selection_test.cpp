@@ -185,6 +185,7 @@ TEST_F(Selection_Test, Dialogue_De_Repertoire) {
 TEST_F(Selection_Test, Commandes_De_La_Fenetre) {
   Demarrer();
   FMain.MnQuitter.Cliquer();
+  App.F.frmAbout.Image1.Cliquer();  // not open yet: nothing
   FMain.MnApropos.Cliquer();
   EXPECT_TRUE(App.F.frmAbout.Ouverte());
   App.F.frmAbout.Image1.Cliquer();

@@ -16,10 +16,9 @@ PLACES = {
     "FMain": {"FrmChooseDirectory": (240, 120, 5535, 1815), "FmDetails": (5709, 2085, 11001, 5820),
               "CmdMaj": (6069, 720, 8964, 1452), "TxtDetails": (5829, 2565, 10881, 5580),
               "CchooseNoyau": (3000, 3480, 5055, 3840), "LblBitStop": (8709, 4485, 10041, 4737)},
-    "FrmResultParam": {nom: (gauche, 1080 + 600 * rang)
-                       for gauche, noms in ((2640, ("LblConst", "LblTypeLec", "LblNumSerie", "LblTypeOS", "LblNameAppli")),
-                                            (8040, ("LblNumVersion", "LblDate", "LblHeure", "LblCRC")))
-                       for rang, nom in enumerate(noms)},
+    "FrmResultParam": {"LblConst": (2640, 1080), "LblTypeLec": (2640, 1680), "LblNumSerie": (2640, 2280),
+                       "LblTypeOS": (2640, 2880), "LblNameAppli": (2640, 3480), "LblNumVersion": (8040, 1080),
+                       "LblDate": (8040, 1680), "LblHeure": (8040, 2280), "LblCRC": (8040, 2880)},
 }
 
 

@@ -66,8 +66,8 @@ class Serie(Cas):
 
     def test_echecs_puis_reponse(self):
         erreurs = ("debranche_apres = 0", "date = 20051313", "date = 2005AB13")
-        for scenario in (*erreurs, "longueur_config = 122", "longueur_config = 124", "constructeur = AUTRE", "silence = config",
-                         "bruit_avant = 55", "debranche_apres = 2"):
+        for scenario in (*erreurs, "longueur_config = 122", "longueur_config = 124", "constructeur = AUTRE",
+                         "silence = config", "bruit_avant = 55", "debranche_apres = 2"):
             with self.subTest(scenario):
                 self.demander_test(scenario)
                 attendre(lambda: self.voyants() == ROUGES or self.volet().startswith("Erreur n° : "), 10, "échec")
