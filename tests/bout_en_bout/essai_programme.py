@@ -148,3 +148,8 @@ class Mise_En_Page(Cas):
 class Mise_En_Page_144(Mise_En_Page):
     dpi = 144
     reglages_poste = {"dpi": 144, "police": False}
+
+
+class Mise_En_Page_192(Mise_En_Page):
+    dpi = 192
+    reglages_poste = {"dpi": 192}
