@@ -133,7 +133,6 @@ void Epreuve::Retablir() {
   Disque.Ordre = Ordre_;
   Disque.Fichiers = Fichiers_;
   Processus.Actifs = {{41, "galsvw32.exe"}, {42, "autre.exe"}};
-  Port.Fermer();
   Port.Arrivees.clear();
   Port.Tampon_.clear();
   Port.Repondre = [this](Vue_Octets Trame, const std::string& Reglages) {
@@ -311,17 +310,19 @@ void Epreuve::Recommencer() {
   FMain.TxtChooseDirectory.Texte("C:\\Pavorin");
 }
 
-// A clean update, then a test of the reader.
+// A clean update, then a test of the reader, for which an error may have left the port open.
 void Epreuve::Reprendre() {
   Reprise_ = true;
   Operateur_ = Relever_Actions = Quitter_Offert_ = false;
   Perturbations_.clear();
   Lecteur.Oublier_Defauts();
   Recommencer();
-  Jouer(&Epreuve::Mettre_A_Jour);
+  Jouer([](Epreuve& E) {
+    E.Mettre_A_Jour();
+    E.Tester();
+  });
   const int Voulus = Choix.Nom == "refuse" ? 0 : (Choix.Noyau != 0) + (Choix.Appli != 0);
   Exiger(Vus_.Reussis == Voulus || Lecteur_Change_, "fichiers : " + std::to_string(Vus_.Reussis));
-  Tester();
   Exiger(App.F.FrmResultParam.Ouverte() || Lecteur_Change_, "test du lecteur");
 }
 
