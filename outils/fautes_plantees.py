@@ -67,7 +67,7 @@ FAUTES = [
     ("serial/Test_lecteur.cpp", "Venus == Taille_Reponse_Configuration) {", "Venus >= Taille_Reponse_Configuration) {"),
     ("serial/Test_lecteur.cpp", "  } catch (const std::exception&) {", "  } catch (const Erreur&) {"),
     ("serial/Test_lecteur.cpp", "Attente_Test = 1", "Attente_Test = 10"),
-    ("serial/Test_lecteur.cpp", "!Configuration_Recue || ", "(!Configuration_Recue && Constructeur.empty()) || "),
+    ("serial/Test_lecteur.cpp", 'starts_with("INGENICO")', 'starts_with("INGENIC")'),
     ("serial/Test_lecteur.cpp", "  FMain_.Active(true);\n", ""),
     ("ui/FrmAnimCharg.cpp", "  Principale_.Active(true);\n", ""),
     ("ui/FrmAnimCharg.cpp", "    Principale_.Active(false);\n", ""),
