@@ -3,13 +3,12 @@
 #include "fuzz/Entree.h"
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* Donnees, std::size_t Taille) {
-  Entree Reste(Donnees, Taille);
+  FuzzedDataProvider Reste(Donnees, Taille);
   Epreuve E("serie-9600");
   E.Port.Repondre = [&](Vue_Octets, const std::string&) {
-    for (int Morceaux = Reste.Octet() % 4; Morceaux > 0; --Morceaux) {
-      const double Delai = Reste.Octet() * 0.01;
-      const auto Recus = Reste.Prendre(Reste.Octet());
-      E.Port.Envoyer(Octets(Recus.begin(), Recus.end()), Delai);
+    for (int Morceaux = Reste.ConsumeIntegralInRange(0, 3); Morceaux > 0; --Morceaux) {
+      const double Delai = Reste.ConsumeFloatingPointInRange(0.0, 2.55);
+      E.Port.Envoyer(Reste.ConsumeBytes<std::uint8_t>(Reste.ConsumeIntegral<std::uint8_t>()), Delai);
     }
   };
   Exiger_Sans_Plainte(E, "serie-9600");

@@ -3,12 +3,12 @@
 #include "fuzz/Entree.h"
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* Donnees, std::size_t Taille) {
-  Entree Reste(Donnees, Taille);
-  Epreuve E(Reste.Octet() % 2 == 0 ? "tele/lecteur:trace=non" : "manuel/lecteur:trace=non");
-  for (int I = 0; I < 40 && !Reste.Vide(); ++I) {
-    const int Choix = Reste.Octet();
-    const std::string Debut = (Choix & 1) != 0 ? "Fexa" : (Choix & 2) != 0 ? "E" : "";
-    std::string Nom = Debut + Reste.Texte(static_cast<std::size_t>(Choix >> 3)) + ((Choix & 4) != 0 ? ".ing" : "");
+  FuzzedDataProvider Reste(Donnees, Taille);
+  Epreuve E(Reste.ConsumeBool() ? "tele/lecteur:trace=non" : "manuel/lecteur:trace=non");
+  for (int I = 0; I < 40 && Reste.remaining_bytes() > 0; ++I) {
+    const std::string Debut = Reste.PickValueInArray({"Fexa", "E", ""});
+    const std::string Fin = Reste.ConsumeBool() ? ".ing" : "";
+    std::string Nom = Debut + Reste.ConsumeBytesAsString(Reste.ConsumeIntegralInRange(0U, 31U)) + Fin;
     std::replace(Nom.begin(), Nom.end(), '\\', '_');
     E.Poser_Fichier("C:\\Pavorin\\" + Nom, 600);
   }

@@ -3,6 +3,6 @@
 #include "fuzz/Entree.h"
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* Donnees, std::size_t Taille) {
-  Repondre({Donnees, Taille}, "tele", "Echange");
+  Repondre({Donnees, Taille}, "tele");
   return 0;
 }

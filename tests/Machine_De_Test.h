@@ -18,6 +18,7 @@
 #include "platform/Liste_Processus.h"
 #include "platform/Texte.h"
 #include "simulator/Galss_Simulee.h"
+#include "simulator/Lecteur_Serie.h"
 
 /// Quitter: goes through every handler, like the end of the process would.
 struct Programme_Arrete {};
@@ -211,6 +212,15 @@ struct Port_De_Test : Port_Serie {
   }
   void Envoyer(Octets Donnees, double Delai = 0.005) {
     Arrivees.emplace_back(Temps.Maintenant + Delai, std::move(Donnees));
+  }
+  /// The simulated reader answers; so many seconds go before each piece.
+  void Brancher(Lecteur_Serie& Lecteur, double Entre_Morceaux) {
+    Repondre = [this, &Lecteur, Entre_Morceaux](Vue_Octets Trame, const std::string& Reglages) {
+      double Delai = 0;
+      for (auto& Morceau : Lecteur.Recevoir(Trame, std::atoi(Reglages.c_str())).Morceaux) {
+        Envoyer(std::move(Morceau), Delai += Entre_Morceaux);
+      }
+    };
   }
   void Exiger_Ouvert(std::string_view Appel) {
     Pannes_.Passer(Appel);

@@ -2,7 +2,6 @@
 
 #include <gtest/gtest.h>
 
-#include "simulator/Lecteur_Serie.h"
 #include "tests/Machine_De_Test.h"
 
 namespace {
@@ -19,12 +18,7 @@ struct Test_Lecteur_Test : testing::Test, Poste_De_Test {
     Lecteur_Serie Branche(Scenario_De(Scenario));
     Port.Tampon_.clear();
     Port.Conversation.clear();
-    Port.Repondre = [&](Vue_Octets Trame, const std::string& Reglages) {
-      double Delai = 0;
-      for (const auto& Morceau : Branche.Recevoir(Trame, std::stoi(Reglages)).Morceaux) {
-        Port.Envoyer(Morceau, Delai += 0.02);
-      }
-    };
+    Port.Brancher(Branche, 0.02);
     const double Debut = Temps.Maintenant;
     FMain.MnLecteur.Cliquer();
     EXPECT_LT(Temps.Maintenant - Debut, 3.5);

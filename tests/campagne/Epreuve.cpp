@@ -135,12 +135,7 @@ void Epreuve::Retablir() {
   Processus.Actifs = {{41, "galsvw32.exe"}, {42, "autre.exe"}};
   Port.Arrivees.clear();
   Port.Tampon_.clear();
-  Port.Repondre = [this](Vue_Octets Trame, const std::string& Reglages) {
-    double Delai = 0.005;
-    for (auto& Morceau : Serie_.Recevoir(Trame, std::atoi(Reglages.c_str())).Morceaux) {
-      Port.Envoyer(std::move(Morceau), Delai += 0.002);
-    }
-  };
+  Port.Brancher(Serie_, 0.002);
   Ecran.Confirmation = Reponse::Oui;
 }
 

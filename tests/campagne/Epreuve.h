@@ -12,7 +12,6 @@
 // "Chargement Réussi." is wrong. It must be shown exactly when the reader holds the whole file and
 // its consent reached the program.
 
-#include "simulator/Lecteur_Serie.h"
 #include "tests/Machine_De_Test.h"
 
 class Epreuve;

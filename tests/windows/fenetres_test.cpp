@@ -8,7 +8,6 @@
 #include "platform/windows/Fenetrage_Windows.h"
 #include "platform/windows/Nom_Accessible.h"
 #include "platform/windows/Texte_Windows.h"
-#include "simulator/Lecteur_Serie.h"
 #include "tests/Machine_De_Test.h"
 
 namespace {
@@ -50,9 +49,7 @@ struct Poste_Natif : Poste_De_Test {
     Disque.Poser("C:\\Pavorin\\Fexa0500.ing", Contenu(1300));
     Disque.Poser("C:\\Pavorin\\ER0300.ing", Contenu(1014));
     Profil.Repertoire() = {'C', ':', '\\', 'P', 'a', 'v', 'o', 'r', 'i', 'n'};
-    Port.Repondre = [this](Vue_Octets Trame, const std::string& Reglages) {
-      for (auto& Morceau : Serie.Recevoir(Trame, std::stoi(Reglages)).Morceaux) Port.Envoyer(std::move(Morceau));
-    };
+    Port.Brancher(Serie, 0.002);
     Programme.Demarrer();
   }
   void Mettre_A_Jour() {
