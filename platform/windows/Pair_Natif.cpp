@@ -106,8 +106,8 @@ void Pair_Natif::Actualiser_Texte() {
     Police_ = Voulue;
     Envoyer(WM_SETFONT, reinterpret_cast<WPARAM>(Police_));
   }
-  SetWindowTextW(Poignee_, Texte.c_str());
   A_Peindre_ = true;
+  SetWindowTextW(Poignee_, Texte.c_str());
   Texte_ = std::move(Texte);
 }
 
@@ -135,6 +135,8 @@ HBRUSH Pair_Natif::Colorer(HDC Dc) {
   SetTextColor(Dc, Lieu_.Teinte(Controle_.Encre(), COLOR_BTNTEXT));
   SetBkColor(Dc, Fond);
   SetDCBrushColor(Dc, Fond);
+  // It is about to paint itself whole; a label does so as soon as it is given a text.
+  A_Peindre_ = false;
   return static_cast<HBRUSH>(GetStockObject(DC_BRUSH));
 }
 
