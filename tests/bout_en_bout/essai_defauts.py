@@ -61,7 +61,9 @@ class Defauts_Telechargement(Cas):
             self.assertIsNone(self.poste.demander("fin"), "le programme est mort")
             titre = next((f.titre for f in self.poste.fenetres() if f.classe == "#32770"), None)
             if titre is None:
-                return self.volet().endswith("Arrêt du Galss\n") and len(self.poste.fenetres()) == 1 and "echec"
+                # A box that is being made is not to be seen yet, but has disabled the window.
+                finie = self.volet().endswith("Arrêt du Galss\n") and self.fmain.relire().active
+                return finie and len(self.poste.fenetres()) == 1 and "echec"
             boite = self.poste.boite(titre)
             boite.repondre("Oui" if titre == "TELECHARGER" else "OK")
             return titre != "TELECHARGER" and {TERMINAL: "refus", SERVICE: "erreur"}[boite.texte]
