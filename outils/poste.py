@@ -214,6 +214,11 @@ class Poste:
                 continue  # ended in the meantime
         raise AssertionError("le programme ne tourne pas")
 
+    def consommation(self):
+        """What the program holds. USER handles are counted by what is left for it, hence negative."""
+        poignees, gdi, fenetres, libres = map(int, self.demander("mesurer")[0])
+        return {"poignées": poignees, "GDI": gdi, "fenêtres": fenetres, "USER": -libres}
+
     def fenetres(self):
         return [Fenetre(self, *article) for article in self.demander("fenetres") or [] if len(article) > 1]
 

@@ -90,14 +90,10 @@ class Chargements(Cas):
         self.lancer("trace = non")
         for tour in range(205):
             if tour == 5:
-                avant = self.mesurer()
+                avant = self.poste.consommation()
             self.mettre_a_jour("Non")
         volet = self.attendre_volet("Arrêt du Galss\n")
         self.assertEqual(volet, CONNEXION + "mise à jour stoppée par l'utilisateur\nArrêt du Galss\n")
-        apres = self.mesurer()
+        apres = self.poste.consommation()
         for quoi in ("poignées", "GDI", "fenêtres", "USER"):
             self.assertLessEqual(apres[quoi], avant[quoi] + 2, f"{quoi} : {avant} puis {apres}")
-
-    def mesurer(self):
-        poignees, gdi, fenetres, libres = map(int, self.poste.demander("mesurer")[0])
-        return {"poignées": poignees, "GDI": gdi, "fenêtres": fenetres, "USER": -libres}

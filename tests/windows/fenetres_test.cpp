@@ -158,6 +158,7 @@ std::wstring Nom_Lu(HWND Controle) {
 }
 
 TEST(Fenetres, Un_Lecteur_D_Ecran_Nomme_Chaque_Controle) {
+  Noms_Donnes.clear();
   std::set<std::wstring> Voyants;
   Poste_Natif P;
   P.Tout_Montrer([&](const Fenetre& F) {
