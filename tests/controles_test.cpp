@@ -51,9 +51,7 @@ TEST_F(Controles_Test, Le_Pair_Apprend_Chaque_Changement) {
   M.Premier_Plan();
   M.Souris(Pointeur::Sablier);
   M.Active(false);
-  EXPECT_EQ(Vu(),
-            "MM01234450"
-            "6PPA73");
+  EXPECT_EQ(Vu(), "MM012344506PPA73");
   M.MnApropos.Cliquer();
   M.Fermer_Par_Cadre();
   M.CmdQuitter.Cliquer();

@@ -48,6 +48,7 @@ class Defauts_Telechargement(Cas):
         self.poste.scenario("type_lecteur = LECTEUR BIFENTE 2.0M-XA-V2\n" + self.base + "defaut = " + defaut + "\n")
         self.fmain.choisir("CchosseAppli", APPLI)
         self.demander_mise_a_jour()
+        attendre(self.poste.trace, 10, "premier appel")  # until then the pane is that of the update before
         fin = self.suivre()
         reussi = "Chargement Réussi." in self.volet()
         recus = self.poste.recus()[deja:]
