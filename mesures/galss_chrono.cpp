@@ -2,12 +2,12 @@
 // gives the milliseconds before each answer, read at each session; chrono.txt is written with each
 // file's last block.
 
-#include <windows.h>
-
 #include <chrono>
 #include <cstdint>
 #include <cstring>
 #include <fstream>
+
+#include "platform/windows/Poignee.h"
 
 namespace {
 
@@ -24,11 +24,11 @@ Chrono Etat;
 
 void Attendre() {
   if (Etat.Attente_Ms == 0) return;
-  static const HANDLE Minuterie = CreateWaitableTimerA(nullptr, TRUE, nullptr);
+  static const Poignee Minuterie(CreateWaitableTimerA(nullptr, TRUE, nullptr));
   LARGE_INTEGER Delai;
   Delai.QuadPart = -10'000LL * Etat.Attente_Ms;  // relative, in 100 ns
-  SetWaitableTimer(Minuterie, &Delai, 0, nullptr, nullptr, FALSE);
-  WaitForSingleObject(Minuterie, INFINITE);
+  SetWaitableTimer(Minuterie.get(), &Delai, 0, nullptr, nullptr, FALSE);
+  WaitForSingleObject(Minuterie.get(), INFINITE);
 }
 
 // Blocks, microseconds inside, microseconds from the first block's start to the last one's end.

@@ -4,13 +4,13 @@
 //   temoin depart COMMANDE          starts a program; microseconds until its window is visible,
 //                                   then until it waits for the operator
 
-#include <windows.h>
-
 #include <chrono>
 #include <cstdint>
 #include <cstdio>
 #include <cstdlib>
 #include <cstring>
+
+#include "platform/windows/Poignee.h"
 
 namespace {
 
@@ -42,12 +42,12 @@ int Boucle_Nue(const char* Dll, const char* Chemin) {
       std::int16_t __stdcall(std::int16_t, std::int16_t, std::uint8_t*, std::int32_t*, std::uint8_t*, std::int32_t*);
   auto* const Echange =
       reinterpret_cast<Un_Echange*>(reinterpret_cast<void*>(GetProcAddress(LoadLibraryA(Dll), "Echange")));
-  const HANDLE Fichier = CreateFileA(Chemin, GENERIC_READ, FILE_SHARE_READ, nullptr, OPEN_EXISTING, 0, nullptr);
-  DWORD Reste = GetFileSize(Fichier, nullptr);
+  const Poignee Fichier(CreateFileA(Chemin, GENERIC_READ, FILE_SHARE_READ, nullptr, OPEN_EXISTING, 0, nullptr));
+  DWORD Reste = GetFileSize(Fichier.get(), nullptr);
   std::uint8_t Trame[5 + 2043] = {1, 0, 0, 0x98, 1}, Reponse[2];
   while (Reste > 0) {
     DWORD Lus = 0;
-    ReadFile(Fichier, Trame + 5, sizeof Trame - 5, &Lus, nullptr);
+    ReadFile(Fichier.get(), Trame + 5, sizeof Trame - 5, &Lus, nullptr);
     Reste -= Lus;
     if (Reste == 0) Trame[4] |= 0x10;
     std::int32_t Longueur = static_cast<std::int32_t>(5 + Lus), Recus = sizeof Reponse;
