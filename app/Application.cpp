@@ -15,7 +15,7 @@ Application::Application(const Machine& Poste)
   Attacher_Apropos();
 }
 
-void Application::Demarrer() {
+void Application::Form_Load() {
   F.FMain.Montrer();
   for (Image* Voyant : {&F.FMain.ImgRed, &F.FMain.ImgYellow, &F.FMain.ImgGreen, &F.FMain.ImgRed2,
                         &F.FMain.ImgYellow2, &F.FMain.ImgGreen2}) {
@@ -31,9 +31,9 @@ void Application::Demarrer() {
 // "&Quitter" of the menu has no handler: only the button ends the program.
 void Application::Attacher_Principale() {
   F.FMain.CmdMaj.Clic = [this] { Procedure_.CmdMaj_Click(); };
-  F.FMain.CmdQuitter.Clic = [this] { Ecran_.Quitter(); };
+  F.FMain.CmdQuitter.Clic = [this] { CmdQuitter_Click(); };
   F.FMain.MnLecteur.Clic = [this] { Test_.MnLecteur_Click(); };
-  F.FMain.MnApropos.Clic = [this] { F.frmAbout.Montrer(); };
+  F.FMain.MnApropos.Clic = [this] { MnApropos_Click(); };
   F.FrmResultParam.CmdOK.Clic = [this] { Test_.CmdOK_Click(); };
   F.FrmResultParam.Fermeture = F.FrmResultParam.CmdOK.Clic;
   for (Fenetre* Une : std::initializer_list<Fenetre*>{&F.FMain, &F.FDossierING, &F.FrmAnimCharg,
@@ -63,14 +63,25 @@ void Application::Attacher_Dossier() {
 }
 
 void Application::Attacher_Apropos() {
-  F.frmAbout.CmdOK.Clic = [this] {
-    F.FMain.Active(true);
-    F.frmAbout.Decharger();
-  };
+  F.frmAbout.CmdOK.Clic = [this] { CmdOK_Click(); };
   F.frmAbout.Image1.Clic = [this] { Informer("Programme réalisé par l'équipe Pavorin."); };
   F.frmAbout.picIcon.Clic = [this] {
     Informer("Avec la participation de la société INGENICO, constructeur du lecteur ELITE 650.");
   };
+}
+
+// Nothing is asked, saved or closed, whatever runs.
+void Application::CmdQuitter_Click() {
+  Ecran_.Quitter();
+}
+
+void Application::MnApropos_Click() {
+  F.frmAbout.Montrer();
+}
+
+void Application::CmdOK_Click() {
+  F.FMain.Active(true);
+  F.frmAbout.Decharger();
 }
 
 // The program ends once none of its windows remains open.

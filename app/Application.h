@@ -16,8 +16,9 @@ class Application {
  public:
   explicit Application(const Machine& Poste);
 
-  /// Start-up of the main window. The caller runs the event loop, which Fenetrage::Quitter ends.
-  void Demarrer();
+  /// Start-up, from the main window on the screen to the lists filled. The caller runs the event
+  /// loop, which Fenetrage::Quitter ends.
+  void Form_Load();
 
   Fenetres F;
   Variables_Globales Globales;
@@ -27,6 +28,10 @@ class Application {
   void Attacher_Panneau();
   void Attacher_Dossier();
   void Attacher_Apropos();
+  void CmdQuitter_Click();
+  void MnApropos_Click();
+  /// "OK" of the About box.
+  void CmdOK_Click();
   void Finir_Sans_Fenetre();
   void Informer(std::string_view Texte);
 

@@ -8,17 +8,29 @@
 
 namespace {
 
-constexpr std::string_view Debut = "/port:COM";
+constexpr std::string_view Debut_Port = "/port:COM";
+constexpr std::string_view Debut_Journal = "/journal:";
 constexpr int Dernier_Port = 256;
 
-std::optional<int> Lire_Port(std::string_view Argument) {
-  if (!Egal_Sans_Casse(Argument.substr(0, Debut.size()), Debut)) return {};
+bool Prendre_Debut(std::string_view& Argument, std::string_view Debut) {
+  if (!Egal_Sans_Casse(Argument.substr(0, Debut.size()), Debut)) return false;
   Argument.remove_prefix(Debut.size());
+  return true;
+}
+
+std::optional<int> Lire_Port(std::string_view Argument) {
+  if (!Prendre_Debut(Argument, Debut_Port)) return {};
   int Port = 0;
   const auto [Fin, Etat] =
       std::from_chars(Argument.data(), Argument.data() + Argument.size(), Port);
   const bool Entier = Etat == std::errc() && Fin == Argument.data() + Argument.size();
   return Entier && Port >= 1 && Port <= Dernier_Port ? std::optional(Port) : std::nullopt;
+}
+
+std::optional<std::string> Lire_Journal(std::string_view Argument) {
+  if (Egal_Sans_Casse(Argument, "/journal")) return std::string();
+  if (!Prendre_Debut(Argument, Debut_Journal) || Argument.empty()) return {};
+  return std::string(Argument);
 }
 
 }  // namespace
@@ -28,13 +40,14 @@ Ligne_Commande Lire_Ligne_Commande(const std::vector<std::string>& Arguments) {
   for (const std::string& Argument : Arguments) {
     if (const std::optional<int> Port = Lire_Port(Argument)) {
       Lue.Port = *Port;
-      continue;
+    } else if (const std::optional<std::string> Journal = Lire_Journal(Argument)) {
+      Lue.Journal = *Journal;
+    } else if (Lue.Avertissement.empty()) {
+      Lue.Avertissement = "Argument non reconnu : " + Argument +
+                          "\r\nLe port série s'indique ainsi : /port:COM3 (de COM1 à COM256)."
+                          "\r\nLe port COM1 sera utilisé.";
     }
-    Lue.Port = 1;
-    Lue.Avertissement = "Argument non reconnu : " + Argument +
-                        "\r\nLe port série s'indique ainsi : /port:COM3 (de COM1 à COM256)."
-                        "\r\nLe port COM1 sera utilisé.";
-    break;
   }
+  if (!Lue.Avertissement.empty()) Lue.Port = 1;
   return Lue;
 }

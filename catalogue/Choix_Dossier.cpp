@@ -1,5 +1,7 @@
 #include "catalogue/Choix_Dossier.h"
 
+#include "ui/Sablier.h"
+
 void Choix_Dossier::CmdChooseDirectory_Click() {
   F_.FDossierING.Montrer();
 }
@@ -12,11 +14,13 @@ void Choix_Dossier::Form_Load() {
 }
 
 void Choix_Dossier::DriveLecteur_Change() {
+  const Sablier Recherche(F_.FDossierING);
   const std::string Lecteur = F_.FDossierING.DriveLecteur.Lecteur();
   F_.FDossierING.DirDirectory.Repertoire(Disque_.Repertoire_Courant(Lecteur));
 }
 
 void Choix_Dossier::DirDirectory_Change() {
+  const Sablier Recherche(F_.FDossierING);
   Globales_.Chemin_Dossier = F_.FDossierING.DirDirectory.Repertoire();
   std::string Repertoire = Globales_.Chemin_Dossier;
   if (!Repertoire.ends_with('\\')) Repertoire += '\\';

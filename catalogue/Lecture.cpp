@@ -30,9 +30,14 @@ void Retenir(std::vector<Candidat>& Retenus, std::string_view Nom, double Versio
 
 }  // namespace
 
+std::string Lecture::Nettoyer(std::string_view Repertoire) {
+  std::string Net = Rogner(Repertoire);
+  if (Net.ends_with('\0')) Net.pop_back();
+  return Net;
+}
+
 bool Lecture::Presence_Fichiers(std::string& Repertoire) {
-  Repertoire = Rogner(Repertoire);
-  if (Repertoire.ends_with('\0')) Repertoire.pop_back();
+  Repertoire = Nettoyer(Repertoire);
   for (const Genre Quoi : {Genre::Appli, Genre::Noyau}) {
     bool Trouve = false;
     Disque_.Chercher(Repertoire, Motif(Quoi), [&](std::string_view Nom) {
@@ -45,10 +50,10 @@ bool Lecture::Presence_Fichiers(std::string& Repertoire) {
 }
 
 void Lecture::Lecture_Repertoire(const std::string& Repertoire) {
-  Catalogue_.Liste_Applis = Chercher(Repertoire, Genre::Appli);
-  Remplir_Liste(FMain_.CchosseAppli, Catalogue_.Liste_Applis, Genre::Appli);
-  Catalogue_.Liste_Noyaux = Chercher(Repertoire, Genre::Noyau);
-  Remplir_Liste(FMain_.CchooseNoyau, Catalogue_.Liste_Noyaux, Genre::Noyau);
+  Logiciels_.Liste_Applis = Chercher(Repertoire, Genre::Appli);
+  Remplir_Liste(FMain_.CchosseAppli, Logiciels_.Liste_Applis, Genre::Appli);
+  Logiciels_.Liste_Noyaux = Chercher(Repertoire, Genre::Noyau);
+  Remplir_Liste(FMain_.CchooseNoyau, Logiciels_.Liste_Noyaux, Genre::Noyau);
 }
 
 std::vector<std::string> Lecture::Chercher(const std::string& Repertoire, Genre Quoi) {

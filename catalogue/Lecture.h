@@ -3,24 +3,28 @@
 // first in its selection list. Built from file names alone; no file is opened.
 
 #include <string>
+#include <string_view>
 #include <vector>
 
 #include "Variables_Globales.h"
-#include "catalogue/Fichier_Logiciel.h"
+#include "logiciel/Fichier_Logiciel.h"
 #include "platform/Systeme_Fichiers.h"
 #include "ui/FMain.h"
 
 class Lecture {
  public:
   Lecture(Systeme_Fichiers& Disque, Fenetre_Principale& FMain, Variables_Globales& Globales)
-      : Disque_(Disque), FMain_(FMain), Catalogue_(Globales.Catalogue) {}
+      : Disque_(Disque), FMain_(FMain), Logiciels_(Globales.Catalogue) {}
+
+  /// A directory as it is searched: without blanks at both ends, then without one trailing NUL.
+  static std::string Nettoyer(std::string_view Repertoire);
 
   /// True when the directory holds at least one software file. Repertoire ends with the separator;
-  /// blanks at both ends and one trailing NUL are taken off it for the caller to go on with.
+  /// it is cleaned, for the caller to go on with.
   bool Presence_Fichiers(std::string& Repertoire);
 
   /// Replaces the catalogue and fills both selection lists, which the caller has emptied:
-  /// applications first. Repertoire ends with the separator.
+  /// applications first. Repertoire is clean and ends with the separator.
   void Lecture_Repertoire(const std::string& Repertoire);
 
  private:
@@ -29,5 +33,5 @@ class Lecture {
 
   Systeme_Fichiers& Disque_;
   Fenetre_Principale& FMain_;
-  Catalogue_Logiciels& Catalogue_;
+  Catalogue_Logiciels& Logiciels_;
 };

@@ -2,6 +2,7 @@
 
 #include "platform/Cp1252.h"
 #include "platform/Texte.h"
+#include "ui/Sablier.h"
 
 namespace {
 
@@ -17,14 +18,18 @@ std::string Sans_Blancs_A_Droite(std::string Texte) {
 }  // namespace
 
 void Lecture_Ecriture_FichierINI::Lire_Repertoire_INI() {
+  const Sablier Recherche(FMain_);
   std::string Repertoire = Sans_Blancs_A_Droite(
       Texte_De_Cp1252(Profil_.Lire(Chemin_INI(), Section, Cle, Taille_Valeur)));
   if (Repertoire.ends_with('\0')) Repertoire.pop_back();
   if (Repertoire.empty()) Repertoire = Disque_.Repertoire_Programme() + "\\";
   FMain_.TxtChooseDirectory.Texte(Repertoire);
+  // The field has just been processed: shown with its separator, searched, the panel set. The lists
+  // alone are filled a second time, and no entry is selected after that: a kind without files ends
+  // with an empty text, until the mode or the directory changes.
   FMain_.CchosseAppli.Vider();
   FMain_.CchooseNoyau.Vider();
-  Catalogue_.Lecture_Repertoire(FMain_.TxtChooseDirectory.Texte());
+  Catalogue_.Lecture_Repertoire(Lecture::Nettoyer(FMain_.TxtChooseDirectory.Texte()));
 }
 
 void Lecture_Ecriture_FichierINI::Ecrire_Repertoire_INI(const std::string& Repertoire) {
@@ -32,6 +37,7 @@ void Lecture_Ecriture_FichierINI::Ecrire_Repertoire_INI(const std::string& Reper
 }
 
 void Lecture_Ecriture_FichierINI::Traitement_Repertoire() {
+  const Sablier Recherche(FMain_);
   std::string Repertoire = FMain_.TxtChooseDirectory.Texte();
   if (!Repertoire.ends_with('\\')) {
     // Putting the text back runs this processing on it, to its end.

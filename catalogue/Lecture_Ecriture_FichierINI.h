@@ -19,8 +19,8 @@ class Lecture_Ecriture_FichierINI {
         Panneau_(Panneau),
         Catalogue_(Catalogue) {}
 
-  /// Shows the remembered directory, or the program's own. A second scan follows the processing
-  /// that this runs, after which a kind without files has one entry and none selected.
+  /// Shows the remembered directory, or the program's own, which runs the processing; then fills
+  /// both lists once more.
   void Lire_Repertoire_INI();
 
   /// Writes the directory as the field shows it; a failure is ignored.

@@ -7,9 +7,6 @@
 
 namespace {
 
-constexpr std::array<std::uint8_t, 7> Entete_Demande = {0xFF, 0x01, 0x03, 0x01, 0x01, 0xFF, 0xFF};
-constexpr std::array<std::uint8_t, 7> Entete_Bloc = {0xFF, 0x01, 0x03, 0x02, 0x01, 0xFF, 0xFF};
-
 enum class Etape { Demande, Bloc };
 
 // Final states by which the reader accepts: "Accord de mise à jour" of a request, "Fin de dialogue
@@ -26,7 +23,7 @@ std::int16_t Decoder(Vue_Octets Reponse, Etape Quoi, std::string& Message) {
       return Est_Accord(Quoi, Etat_Final(Reponse, Message)) ? std::int16_t{0} : Statut::Etat_Refuse;
     case Nature_Erreur_Technique:
       Erreur_Technique(Reponse, Message);
-      return Statut::Erreur_Technique;
+      return Statut::Panne_Technique;
     default:
       Message = "Erreur nature du message " + Hexadecimal(Reponse[0]) +
                 (Quoi == Etape::Demande ? "Incorrect" : "incorrect");
@@ -45,8 +42,8 @@ std::int16_t Conclure(Liaison_Galss& Liaison, std::int16_t Code, Etape Quoi, std
 std::int16_t Demande_Chargement(Liaison_Galss& Liaison, std::string_view Version,
                                 std::int64_t Longueur, std::int32_t& Taille_Bloc,
                                 std::string& Message) {
-  const std::int16_t Code =
-      Liaison.Echanger(Entete_Demande, Corps_Demande(Version, Longueur), Capacite_Reponse_Demande);
+  const std::int16_t Code = Liaison.Echanger(
+      Entete_Demande_Chargement, Corps_Demande(Version, Longueur), Capacite_Reponse_Demande);
   const std::int16_t Etat = Conclure(Liaison, Code, Etape::Demande, Message);
   if (Etat == 0) Taille_Bloc = Taille_Accordee(Liaison);
   return Etat;
@@ -55,6 +52,6 @@ std::int16_t Demande_Chargement(Liaison_Galss& Liaison, std::string_view Version
 std::int16_t Bloc_Chargement(Liaison_Galss& Liaison, Rang_Bloc Rang, Vue_Octets Donnees,
                              std::string& Message) {
   const std::int16_t Code =
-      Liaison.Echanger(Avec_Type(Entete_Bloc, Rang), Donnees, Capacite_Reponse_Bloc);
+      Liaison.Echanger(Avec_Type(Entete_Bloc_Chargement, Rang), Donnees, Capacite_Reponse_Bloc);
   return Conclure(Liaison, Code, Etape::Bloc, Message);
 }

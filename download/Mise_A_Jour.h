@@ -1,7 +1,7 @@
 #pragma once
-// The transfer of one software file, in either family of frames: announces it, sends its bytes
-// block by block, shows the progress, pauses while the reader installs it. The session and its
-// exclusivity are open; a failed transfer closes them.
+// The transfer of one software file, in either family of frames: reads it, announces it, sends its
+// bytes block by block, shows the progress, pauses while the reader installs it. The session and
+// its exclusivity are open; a failed transfer closes them.
 
 #include <memory>
 #include <string>
@@ -12,15 +12,15 @@
 #include "platform/Machine.h"
 #include "platform/Systeme_Fichiers.h"
 #include "ui/Fenetres.h"
-#include "ui/Journal.h"
+#include "ui/Volet_Details.h"
 
 /// What the two transfers, and the kernel and the application, do not have in common.
-struct Famille;
+struct Variante_Transfert;
 
 class Mise_A_Jour {
  public:
   Mise_A_Jour(const Machine& Poste, Fenetres& F, Variables_Globales& Globales,
-              Liaison_Galss& Liaison, Connect_Deconnect& Session);
+              Liaison_Galss& Liaison, Connect_Deconnect& Connexions);
 
   /// Sends the whole file with the Trame_Telechargement frames. True when the reader accepted all
   /// of it. After a kernel's success the pointer and "Quitter" stay as they are.
@@ -33,12 +33,13 @@ class Mise_A_Jour {
  private:
   struct Transfert;
 
-  bool Transferer(const Famille& Genre, const std::string& Chemin, const std::string& Version,
-                  const std::string& Premiere_Ligne);
+  bool Transferer(const Variante_Transfert& Variante, const std::string& Chemin,
+                  const std::string& Version, const std::string& Premiere_Ligne);
   void Ouvrir(Transfert& T, const std::string& Chemin, const std::string& Premiere_Ligne);
+  void Lire_Fichier(Transfert& T);
   bool Envoyer(Transfert& T, const std::string& Version);
-  std::int16_t Envoyer_Blocs(Transfert& T, std::int32_t Taille_Donnees);
-  void Montrer_Bloc(const Transfert& T, std::int64_t Restant, std::int16_t Compteur);
+  std::int16_t Envoyer_Blocs(Transfert& T, std::size_t Taille_Donnees);
+  void Montrer_Bloc(const Transfert& T, std::size_t Restant, std::int16_t Compteur);
   void Reussir(Transfert& T);
   void Echouer(Transfert& T);
   bool Finir(Transfert& T, bool Reussi);
@@ -53,6 +54,6 @@ class Mise_A_Jour {
   Fenetre_Progression& FrmAnimCharg_;
   Variables_Globales& Globales_;
   Liaison_Galss& Liaison_;
-  Connect_Deconnect& Session_;
-  Journal Journal_;
+  Connect_Deconnect& Connexions_;
+  Volet_Details Volet_;
 };

@@ -5,8 +5,6 @@
 
 namespace {
 
-constexpr std::array<std::uint8_t, 4> Entete_Demande = {0x01, 0x00, 0x00, 0x99};
-constexpr std::array<std::uint8_t, 4> Entete_Bloc = {0x01, 0x00, 0x00, 0x98};
 constexpr std::int32_t Longueur_Accord = 3;
 constexpr std::int32_t Longueur_Refus = 2;
 constexpr std::uint8_t Bloc_Refuse = 0x01;
@@ -30,8 +28,8 @@ std::int16_t Refuser(Liaison_Galss& Liaison, std::string& Message) {
 std::int16_t Demande_Telechargement(Liaison_Galss& Liaison, std::string_view Version,
                                     std::int64_t Longueur, std::int32_t& Taille_Bloc,
                                     std::string& Message) {
-  const std::int16_t Code =
-      Liaison.Echanger(Entete_Demande, Corps_Demande(Version, Longueur), Capacite_Reponse_Demande);
+  const std::int16_t Code = Liaison.Echanger(
+      Entete_Demande_Telechargement, Corps_Demande(Version, Longueur), Capacite_Reponse_Demande);
   const std::int32_t Recus = Liaison.Longueur_Reponse();
   const bool Longueur_Permise = Recus == Longueur_Accord || Recus == Longueur_Refus;
   const std::int16_t Etat = Verifier(Liaison, Code, Longueur_Permise, Message);
@@ -44,7 +42,7 @@ std::int16_t Demande_Telechargement(Liaison_Galss& Liaison, std::string_view Ver
 std::int16_t Bloc_Telechargement(Liaison_Galss& Liaison, Rang_Bloc Rang, Vue_Octets Donnees,
                                  std::string& Message) {
   const std::int16_t Code =
-      Liaison.Echanger(Avec_Type(Entete_Bloc, Rang), Donnees, Capacite_Reponse_Bloc);
+      Liaison.Echanger(Avec_Type(Entete_Bloc_Telechargement, Rang), Donnees, Capacite_Reponse_Bloc);
   const std::int32_t Recus = Liaison.Longueur_Reponse();
   const std::int16_t Etat = Verifier(Liaison, Code, Recus == 1 || Recus == 2, Message);
   if (Etat != 0) return Etat;

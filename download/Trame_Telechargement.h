@@ -7,21 +7,7 @@
 #include <string>
 #include <string_view>
 
-#include "galss/Liaison_Galss.h"
-
-/// Statuses of the program's own; the others are 0, GALSS codes and the reader's error bytes.
-namespace Statut {
-inline constexpr std::int16_t Longueur_Incorrecte = -1;
-inline constexpr std::int16_t Etat_Refuse = -2;
-inline constexpr std::int16_t Erreur_Technique = -3;
-inline constexpr std::int16_t Nature_Inconnue = -4;
-}  // namespace Statut
-
-/// Place of a block in its file.
-struct Rang_Bloc {
-  bool Premier = false;
-  bool Dernier = false;
-};
+#include "download/Trames.h"
 
 /// Version: 4 characters. Longueur: declared length, 0 to 999 999 bytes; beyond, raises 5 and sends
 /// nothing. Taille_Bloc: block size the reader grants, bytes, written on acceptance only.

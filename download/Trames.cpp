@@ -5,11 +5,15 @@
 
 #include "platform/Erreur.h"
 
-Corps Corps_Demande(std::string_view Version, std::int64_t Longueur) {
+void Exiger_Annoncable(std::int64_t Longueur) {
   if (Longueur < 0 || Longueur > Longueur_Maximale) {
     throw Erreur(Numero_Erreur::Appel_Incorrect,
                  "La taille du fichier ne peut pas être annoncée au lecteur");
   }
+}
+
+Corps Corps_Demande(std::string_view Version, std::int64_t Longueur) {
+  Exiger_Annoncable(Longueur);
   Corps Donnees;
   Donnees.fill(' ');
   std::copy_n(Version.begin(), std::min(Version.size(), Taille_Version), Donnees.begin());

@@ -2,6 +2,7 @@
 // Opens and closes the GALSS session, with the reader's exclusivity, and logs the outcome.
 
 #include <cstdint>
+#include <functional>
 #include <string>
 
 #include "Variables_Globales.h"
@@ -22,8 +23,10 @@ class Connect_Deconnect {
   void Deconnexion(std::string& Message);
 
  private:
-  std::int16_t Ouvrir(const char* Nom_LAD);
+  std::int16_t Ouvrir();
   std::int16_t Prendre_Exclusivite();
+  std::int16_t Preter_Noms(
+      const std::function<std::int16_t(Octets& Application, Octets& LAD)>& Appel);
 
   Bibliotheque_Galss& Galss_;
   Session_Galss& Session_;

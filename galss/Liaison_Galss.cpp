@@ -22,14 +22,11 @@ std::int16_t Liaison_Galss::Echanger(Vue_Octets Entete, Vue_Octets Donnees, std:
   return Session_.Code_Retour;
 }
 
-// The library may leave anything in the lengths. What it is lent in a second call stays within the
-// buffers, and it cannot have answered more than it was lent; a negative length comes through, for
-// the caller to refuse.
+// The library may leave anything in the lengths: what it is lent in a second call stays within the
+// buffers.
 std::int16_t Liaison_Galss::Appeler() {
   Longueur_Commande_ = std::clamp(Longueur_Commande_, 0, Capacite_De(Commande_));
-  Longueur_Reponse_ = std::max(Longueur_Reponse_, 0);
-  Rendre(Galss_.Echange(Session_.Num_Session, 0, Commande_, Longueur_Commande_, Reponse_,
-                        Longueur_Reponse_));
-  Longueur_Reponse_ = std::min(Longueur_Reponse_, Capacite_De(Reponse_));
-  return Session_.Code_Retour;
+  Longueur_Reponse_ = std::clamp(Longueur_Reponse_, 0, Capacite_De(Reponse_));
+  return Rendre(Galss_.Echange(Session_.Num_Session, 0, Commande_, Longueur_Commande_, Reponse_,
+                               Longueur_Reponse_));
 }

@@ -19,11 +19,12 @@ class Liaison_Galss {
   /// Code_Retour and returns it.
   std::int16_t Echanger(Vue_Octets Entete, Vue_Octets Donnees, std::size_t Capacite);
 
-  /// The whole reply buffer of the last exchange; what lies beyond the answer is spaces.
+  /// The whole reply buffer of the last exchange. Beyond what the library wrote it holds spaces, or
+  /// what an answer 64 had left there.
   Vue_Octets Reponse() const { return Reponse_; }
 
-  /// Bytes that the library announced in the last exchange, at most the capacity. Negative as it
-  /// may be: nothing is ever read by this length.
+  /// The number of bytes that the library announced in the last exchange, as it stands: it may be
+  /// negative or beyond the capacity. To be compared only; nothing is ever read by this length.
   std::int32_t Longueur_Reponse() const { return Longueur_Reponse_; }
 
   /// Shared status of the operations: stores it and returns it.

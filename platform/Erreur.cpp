@@ -1,8 +1,14 @@
 #include "platform/Erreur.h"
 
 #include <new>
+#include <utility>
 
-Erreur Erreur_En_Cours() {
+namespace {
+
+// Every handler of the program names its exception by the function below, wherever it stands.
+std::function<void(const Erreur&)> Temoin;
+
+Erreur Nommer() {
   try {
     throw;
   } catch (const Erreur& Connue) {
@@ -12,4 +18,20 @@ Erreur Erreur_En_Cours() {
   } catch (const std::exception& Autre) {
     return {Numero_Erreur::Erreur_Interne, std::string("Erreur interne : ") + Autre.what()};
   }
+}
+
+}  // namespace
+
+Erreur Erreur_En_Cours() {
+  Erreur Nommee = Nommer();
+  if (Temoin) Temoin(Nommee);
+  return Nommee;
+}
+
+Ecoute_Erreurs::Ecoute_Erreurs(std::function<void(const Erreur&)> Suite) {
+  Temoin = std::move(Suite);
+}
+
+Ecoute_Erreurs::~Ecoute_Erreurs() {
+  Temoin = nullptr;
 }

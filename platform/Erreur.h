@@ -2,6 +2,7 @@
 // The one exception of the program: a run-time failure with the number and the description that the
 // error handlers show. Expected results are 16-bit codes and never travel this way.
 
+#include <functional>
 #include <stdexcept>
 #include <string>
 
@@ -43,3 +44,12 @@ class Erreur : public std::runtime_error {
 /// exhaustion and any other standard exception under their numbers. Only inside a catch block.
 /// What is not a standard exception goes through.
 Erreur Erreur_En_Cours();
+
+/// While it lives, it is told of every exception that Erreur_En_Cours names. One at a time.
+class Ecoute_Erreurs {
+ public:
+  explicit Ecoute_Erreurs(std::function<void(const Erreur&)> Suite);
+  ~Ecoute_Erreurs();
+  Ecoute_Erreurs(const Ecoute_Erreurs&) = delete;
+  Ecoute_Erreurs& operator=(const Ecoute_Erreurs&) = delete;
+};

@@ -29,6 +29,22 @@ class Fenetrage {
   /// Attente at most.
   virtual void Traiter_Evenements(std::chrono::milliseconds Attente) = 0;
 
+  /// While it holds, the PC neither sleeps nor turns its display off, and refuses to shut down
+  /// unasked. To be used through Poste_Eveille; does not nest.
+  virtual void Tenir_Eveille(bool Oui) = 0;
+
   /// Ends the program at once, without unwinding: nothing is asked, saved or closed.
   [[noreturn]] virtual void Quitter() = 0;
+};
+
+/// The PC stays awake while this lives.
+class Poste_Eveille {
+ public:
+  explicit Poste_Eveille(Fenetrage& Ecran) : Ecran_(Ecran) { Ecran_.Tenir_Eveille(true); }
+  ~Poste_Eveille() { Ecran_.Tenir_Eveille(false); }
+  Poste_Eveille(const Poste_Eveille&) = delete;
+  Poste_Eveille& operator=(const Poste_Eveille&) = delete;
+
+ private:
+  Fenetrage& Ecran_;
 };

@@ -50,18 +50,20 @@ void Test_lecteur::MnLecteur_Click() {
   Tester_Lecteur();
 }
 
-// The port is left as it is by an error: the next test opens it again.
+// An error closes the port too: GALSS drives the same line, and an adapter that was unplugged must
+// be able to come back.
 void Test_lecteur::Tester_Lecteur() {
   try {
     Derouler();
   } catch (const std::exception&) {
+    MSComm1_.Fermer();
     FMain_.TxtDetails.Texte("Erreur n° : " + std::to_string(Erreur_En_Cours().Numero()) +
                             std::string(Retour_Ligne) + "Erreur : ");
   }
 }
 
 void Test_lecteur::Derouler() {
-  MSComm1_.Fermer();
+  MSComm1_.Fermer();  // of the test within whose waits this one was started
   MSComm1_.Regler(Reglages_Lents);
   MSComm1_.Ouvrir();
   bool Vitesse_Changee = false;
@@ -156,8 +158,8 @@ void Test_lecteur::Conclure(bool Configuration_Recue) {
   }
   FMain_.TxtDetails.Ajouter(std::string(Retour_Ligne) + "\tTEST RÉUSSI");
   Afficher_Config();
-  FMain_.Active(false);
   FrmResultParam_.Montrer();
+  FMain_.Active(false);
 }
 
 void Test_lecteur::Afficher_Config() {

@@ -5,7 +5,7 @@
 // clang-format off
 Fenetre_Progression::Fenetre_Progression(Fenetrage& Ecran, Fenetre& Principale)
     : Fenetre(Ecran, {.Titre = "Pavorin", .Largeur = 5520, .Hauteur = 1920, 
-              .Fermable = false, .Garde_Eveille = true, .Devant = &Principale}),
+              .Fermable = false, .Devant = &Principale}),
       LblTitre(*this, 701, {960, 120, 4092, 372}, {.Texte = "Chargement en cours...", .Points = 16.5, .Gras = true}),
       LblBlock(*this, 702, {240, 720, 612, 252}, {.Texte = "Bloc : ", .Points = 10.5, .Gras = true}),
       LblNumBlock(*this, 703, {960, 720, 492, 252}, {.Points = 10.5}),
@@ -16,13 +16,14 @@ Fenetre_Progression::Fenetre_Progression(Fenetrage& Ecran, Fenetre& Principale)
       Principale_(Principale) {
   // clang-format on
   Chargement = [this] {
-    Principale_.Active(false);
     Active(true);
     LblTitre.Texte("Chargement en cours ...");
     PgbExe.Visible(true);
     LblCom.Texte("");
     LblNumBlock.Visible(true);
     LblNumTaille.Visible(true);
+    // Last: whatever fails above must not leave it disabled.
+    Principale_.Active(false);
   };
 }
 

@@ -1,6 +1,6 @@
 #pragma once
 // The progress of one file transfer, then its verdict. While it is open the main window is
-// disabled. It has no close box: only the transfer closes it.
+// disabled and out of reach. It has no close box: only the transfer closes it.
 
 #include <string>
 

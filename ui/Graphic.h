@@ -3,7 +3,7 @@
 // "Mise à jour" may be pressed.
 
 #include "Variables_Globales.h"
-#include "catalogue/Fichier_Logiciel.h"
+#include "logiciel/Fichier_Logiciel.h"
 #include "platform/Fenetrage.h"
 #include "ui/FMain.h"
 

@@ -8,7 +8,7 @@
 #include "Variables_Globales.h"
 #include "platform/Octets.h"
 
-enum class Issue {
+enum class Issue_Decision {
   Terminal_Refuse,
   Noyau_Ou_Appli_Manquant,
   Aucune_Nouvelle_Version,
@@ -17,15 +17,16 @@ enum class Issue {
   A_Charger
 };
 
-enum class Famille_Transfert { Telecharger_Fichier, Charger_Fichier };
+/// The operation by which the files go to the reader.
+enum class Operation_Transfert { Telecharger_Fichier, Charger_Fichier };
 
 struct Resultat_Decision {
-  ::Issue Issue = Issue::Terminal_Refuse;
+  Issue_Decision Issue = Issue_Decision::Terminal_Refuse;
   bool Charger_Noyau = false;
   bool Charger_Appli = false;
   /// The names to load, one per line: LF CR in automatic mode, CR LF in manual mode.
-  std::string Liste_Fichiers;
-  ::Famille_Transfert Famille_Transfert = ::Famille_Transfert::Telecharger_Fichier;
+  std::string Liste_Fichiers = {};
+  Operation_Transfert Famille_Transfert = Operation_Transfert::Telecharger_Fichier;
 };
 
 /// What the operator chose: the mode, and the texts of the two selection lists.
@@ -36,6 +37,6 @@ struct Selection {
 };
 
 /// Reponse: the configuration reply, whatever its length. Reads the two shared version values; sets
-/// Noyau_Et_Appli when the family is Charger_Fichier.
+/// Noyau_Et_Appli when the operation is Charger_Fichier.
 Resultat_Decision Decider_Chargement(Vue_Octets Reponse, const Selection& Choix,
                                      Variables_Globales& Globales);

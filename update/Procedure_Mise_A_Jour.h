@@ -10,7 +10,7 @@
 #include "galss/Liaison_Galss.h"
 #include "platform/Machine.h"
 #include "ui/Fenetres.h"
-#include "ui/Journal.h"
+#include "ui/Volet_Details.h"
 #include "update/Decider_Chargement.h"
 
 class Procedure_Mise_A_Jour {
@@ -22,22 +22,22 @@ class Procedure_Mise_A_Jour {
 
  private:
   /// One run.
-  struct Etat {
+  struct Deroulement {
     std::string Message;
     bool Connecte = false;
     Octets Reponse_Config;
   };
 
-  void Derouler(Etat& Run);
-  void Lire_Lecteur(Etat& Run);
-  void Signaler_Echec(const Etat& Run);
-  void Refuser(Issue Pourquoi);
+  void Derouler(Deroulement& Cours);
+  void Lire_Lecteur(Deroulement& Cours);
+  void Signaler_Echec(const Deroulement& Cours);
+  void Refuser(Issue_Decision Pourquoi);
   bool Confirmer(const std::string& Liste_Fichiers);
-  void Charger(const Resultat_Decision& Decision, Etat& Run);
-  bool Charger_Fichier(Famille_Transfert Famille, bool Noyau);
-  void Attendre_Lecteur(Etat& Run);
+  void Charger(const Resultat_Decision& Decision, Deroulement& Cours);
+  bool Envoyer_Fichier(Operation_Transfert Operation, bool Noyau);
+  void Attendre_Lecteur(Deroulement& Cours);
   void Arreter_Galss(std::string_view Annonce);
-  void Traiter_Erreur(Etat& Run);
+  void Traiter_Erreur(Deroulement& Cours);
   std::string Repertoire() const;
   void Informer(std::string_view Texte, std::string_view Titre);
 
@@ -47,7 +47,7 @@ class Procedure_Mise_A_Jour {
   Variables_Globales& Globales_;
   Lecture_Ecriture_FichierINI& Reglages_;
   Liaison_Galss Liaison_;
-  Connect_Deconnect Session_;
+  Connect_Deconnect Connexions_;
   Mise_A_Jour Transferts_;
-  Journal Journal_;
+  Volet_Details Volet_;
 };

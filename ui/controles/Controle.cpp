@@ -2,10 +2,8 @@
 
 #include <utility>
 
-#include "ui/controles/Controles.h"
-#include "ui/controles/Fenetre.h"
-
-Controle::Controle(Fenetre& Maison, Cadre* Parent, int Numero, Position Place, Conception&& Depart)
+Controle::Controle(Lieu_Controles& Maison, Cadre* Parent, int Numero, Position Place,
+                   Conception&& Depart)
     : Maison_(Maison),
       Parent_(Parent),
       Numero_(Numero),
@@ -16,7 +14,7 @@ Controle::Controle(Fenetre& Maison, Cadre* Parent, int Numero, Position Place, C
   if (Parent_ != nullptr) Parent_->Contenu_.push_back(this);
 }
 
-Controle::Controle(Fenetre& Lieu, int Numero, Position Place, Conception Depart)
+Controle::Controle(Lieu_Controles& Lieu, int Numero, Position Place, Conception Depart)
     : Controle(Lieu, nullptr, Numero, Place, std::move(Depart)) {}
 
 Controle::Controle(Cadre& Lieu, int Numero, Position Place, Conception Depart)
@@ -43,7 +41,7 @@ void Controle::Repeindre() {
 
 bool Controle::Accessible() const {
   const bool Cadre_Visible = Parent_ == nullptr || Parent_->Visible();
-  return Visible() && Active() && Cadre_Visible && Maison_.Ouverte() && Maison_.Active();
+  return Visible() && Active() && Cadre_Visible && Maison_.A_Portee();
 }
 
 void Controle::Reinitialiser() {

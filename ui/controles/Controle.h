@@ -7,10 +7,10 @@
 #include <vector>
 
 #include "ui/controles/Conception.h"
+#include "ui/controles/Visiteur_Controles.h"
 
 class Cadre;
-class Fenetre;
-class Visiteur_Controles;
+class Controle;
 
 /// What the operator or the program makes happen; an empty one does nothing.
 using Evenement = std::function<void()>;
@@ -27,10 +27,24 @@ class Pair_Controle {
   virtual void Repeindre() = 0;
 };
 
+/// What a control asks of the window that holds it.
+class Lieu_Controles {
+ public:
+  virtual ~Lieu_Controles() = default;
+  /// The operator can act on it.
+  virtual bool A_Portee() const = 0;
+  /// In declaration order.
+  const std::vector<Controle*>& Controles() const { return Controles_; }
+
+ private:
+  friend class Controle;
+  std::vector<Controle*> Controles_;
+};
+
 class Controle {
  public:
   /// Numero: the native control identifier, stable from one version to the next.
-  Controle(Fenetre& Lieu, int Numero, Position Place, Conception Depart);
+  Controle(Lieu_Controles& Lieu, int Numero, Position Place, Conception Depart);
   Controle(Cadre& Lieu, int Numero, Position Place, Conception Depart);
   virtual ~Controle() = default;
   Controle(const Controle&) = delete;
@@ -46,7 +60,7 @@ class Controle {
   void Encre(Couleur Nouvelle);
   void Repeindre();
 
-  /// True when the operator can act on it: shown and enabled, in a window open and enabled.
+  /// True when the operator can act on it: shown and enabled, in a window within reach.
   bool Accessible() const;
 
   int Numero() const { return Numero_; }
@@ -67,15 +81,28 @@ class Controle {
   void Signaler(Propriete Quoi);
 
  private:
-  Controle(Fenetre& Maison, Cadre* Parent, int Numero, Position Place, Conception&& Depart);
+  Controle(Lieu_Controles& Maison, Cadre* Parent, int Numero, Position Place, Conception&& Depart);
 
-  Fenetre& Maison_;
+  Lieu_Controles& Maison_;
   Cadre* Parent_;
   int Numero_;
   Position Place_;
   Conception Depart_;
   Conception Etat_;
   Pair_Controle* Pair_ = nullptr;
+};
+
+/// A frame with a caption; its controls are placed relative to it.
+class Cadre : public Controle {
+ public:
+  using Controle::Controle;
+  /// The controls placed in it, in their order.
+  const std::vector<Controle*>& Contenu() const { return Contenu_; }
+  void Accueillir(Visiteur_Controles& V) override { V.Visiter(*this); }
+
+ private:
+  friend class Controle;
+  std::vector<Controle*> Contenu_;
 };
 
 /// Runs an event, if it has a handler. The handler may replace or clear the event itself.

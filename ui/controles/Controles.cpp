@@ -1,7 +1,5 @@
 #include "ui/controles/Controles.h"
 
-#include "ui/controles/Fenetre.h"
-
 Champ_Texte::Champ_Texte(Cadre& Lieu, int Numero, Position Place, Conception Depart, Lignes Combien)
     : Controle(Lieu, Numero, Place, std::move(Depart)), Combien_(Combien) {}
 

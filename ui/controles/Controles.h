@@ -5,20 +5,6 @@
 #include <utility>
 
 #include "ui/controles/Controle.h"
-#include "ui/controles/Visiteur_Controles.h"
-
-/// A frame with a caption; its controls are placed relative to it.
-class Cadre : public Controle {
- public:
-  using Controle::Controle;
-  /// The controls placed in it, in their order.
-  const std::vector<Controle*>& Contenu() const { return Contenu_; }
-  void Accueillir(Visiteur_Controles& V) override { V.Visiter(*this); }
-
- private:
-  friend class Controle;
-  std::vector<Controle*> Contenu_;
-};
 
 class Etiquette : public Controle {
  public:

@@ -13,32 +13,51 @@ Entree_Menu::Entree_Menu(Entree_Menu& Menu, int Numero, std::string Texte)
 }
 
 void Entree_Menu::Cliquer() {
-  if (Maison_.Ouverte() && Maison_.Active()) Declencher(Clic);
+  if (Maison_.A_Portee()) Declencher(Clic);
 }
 
 Fenetre::Fenetre(Fenetrage& Ecran, Conception_Fenetre Depart)
     : Ecran_(Ecran), Depart_(std::move(Depart)) {}
 
 void Fenetre::Montrer() {
-  if (!Ouverte_) {
-    Ouverte_ = true;
+  if (!Ouverte_) Charger();
+  if (Pair_ != nullptr) Pair_->Montrer();
+}
+
+void Fenetre::Charger() {
+  Ouverte_ = true;
+  if (Depart_.Devant != nullptr) Depart_.Devant->Couvrir(1);
+  try {
     Pair_ = Ecran_.Creer(*this);
     Declencher(Chargement);
+  } catch (...) {
+    Effacer();
+    throw;
   }
-  if (Pair_ != nullptr) Pair_->Montrer();
 }
 
 void Fenetre::Decharger() {
   if (!Ouverte_) return;
+  Effacer();
+  Declencher(Dechargement);
+}
+
+// The window behind is within reach again before the native one goes: the focus returns to it.
+void Fenetre::Effacer() {
   Ouverte_ = false;
+  if (Depart_.Devant != nullptr) Depart_.Devant->Couvrir(-1);
   if (Pair_ != nullptr) std::exchange(Pair_, nullptr)->Detruire();
-  for (Controle* Un : Controles_) {
+  for (Controle* Un : Controles()) {
     Un->Attacher(nullptr);
     Un->Reinitialiser();
   }
   Active_ = true;
   Souris_ = Pointeur::Defaut;
-  Declencher(Dechargement);
+}
+
+void Fenetre::Couvrir(int Fenetres_De_Plus) {
+  Devant_Elle_ += Fenetres_De_Plus;
+  if (Pair_ != nullptr) Pair_->Actualiser(Propriete::Active);
 }
 
 void Fenetre::Active(bool Oui) {
@@ -60,7 +79,7 @@ void Fenetre::Premier_Plan() {
 }
 
 void Fenetre::Fermer_Par_Cadre() {
-  if (!Ouverte_ || !Active_ || !Depart_.Fermable) return;
+  if (!A_Portee() || !Depart_.Fermable) return;
   if (Fermeture) {
     Declencher(Fermeture);
   } else {

@@ -26,9 +26,7 @@ struct Conception_Fenetre {
   int Hauteur = 0;
   std::optional<Couleur> Fond = {};  ///< absent: the system's
   bool Fermable = true;              ///< has a close box
-  /// While it is open the PC does not sleep and asks before shutting down.
-  bool Garde_Eveille = false;
-  /// Stays in front of this window, which is never closed while this one is open.
+  /// Stays in front of this window, which is out of the operator's reach while this one is open.
   Fenetre* Devant = nullptr;
 };
 
@@ -40,7 +38,7 @@ class Entree_Menu {
   Entree_Menu(const Entree_Menu&) = delete;
   Entree_Menu& operator=(const Entree_Menu&) = delete;
 
-  /// The operator's choice; ignored unless the window is open and enabled.
+  /// The operator's choice; ignored unless the window is within reach.
   void Cliquer();
 
   int Numero() const { return Numero_; }
@@ -56,18 +54,21 @@ class Entree_Menu {
   std::vector<Entree_Menu*> Sous_Menu_;
 };
 
-class Fenetre {
+class Fenetre : public Lieu_Controles {
  public:
   Fenetre(Fenetrage& Ecran, Conception_Fenetre Depart);
-  virtual ~Fenetre() = default;
   Fenetre(const Fenetre&) = delete;
   Fenetre& operator=(const Fenetre&) = delete;
 
-  /// Loads the window if it is not (Chargement runs), shows it and brings it to the front.
+  /// Loads the window if it is not (Chargement runs), shows it and brings it to the front. Whatever
+  /// fails on the way is raised, and the window is closed: no other stays out of reach for it.
   void Montrer();
   /// Back to the design state, off the screen; Dechargement runs last. Nothing on a closed window.
   void Decharger();
   bool Ouverte() const { return Ouverte_; }
+
+  /// The operator can act on it: open, enabled, and no open window stands in front of it.
+  bool A_Portee() const override { return Ouverte_ && Active_ && Devant_Elle_ == 0; }
 
   bool Active() const { return Active_; }
   void Active(bool Oui);
@@ -77,11 +78,10 @@ class Fenetre {
   void Premier_Plan();
 
   /// The operator closes it by its frame, or with Esc: Fermeture runs, or the window is unloaded
-  /// when it has no such handler. Ignored when it is not open, not enabled or has no close box.
+  /// when it has no such handler. Ignored when it is out of reach or has no close box.
   void Fermer_Par_Cadre();
 
   const Conception_Fenetre& Depart() const { return Depart_; }
-  const std::vector<Controle*>& Controles() const { return Controles_; }
   const std::vector<Entree_Menu*>& Menus() const { return Menus_; }
   Pair_Fenetre* Pair() const { return Pair_; }
 
@@ -95,15 +95,20 @@ class Fenetre {
   Evenement Dechargement;
 
  private:
-  friend class Controle;
   friend class Entree_Menu;
+
+  void Charger();
+  /// Off the screen and back to the design state, without any event.
+  void Effacer();
+  /// An open window more, or less, stands in front of this one.
+  void Couvrir(int Fenetres_De_Plus);
 
   Fenetrage& Ecran_;
   Conception_Fenetre Depart_;
-  std::vector<Controle*> Controles_;
   std::vector<Entree_Menu*> Menus_;
   Pair_Fenetre* Pair_ = nullptr;
   bool Ouverte_ = false;
   bool Active_ = true;
+  int Devant_Elle_ = 0;  // open windows that stand in front of it
   Pointeur Souris_ = Pointeur::Defaut;
 };

@@ -5,7 +5,6 @@
 
 #include "platform/Systeme_Fichiers.h"
 #include "platform/Texte.h"
-#include "ui/controles/Fenetre.h"
 
 namespace {
 
@@ -60,7 +59,7 @@ void Liste_Deroulante::Reinitialiser() {
   Indice_ = Aucun;
 }
 
-Liste_Lecteurs::Liste_Lecteurs(Fenetre& Lieu, int Numero, Position Place, Conception Depart,
+Liste_Lecteurs::Liste_Lecteurs(Lieu_Controles& Lieu, int Numero, Position Place, Conception Depart,
                                Systeme_Fichiers& Disque)
     : Controle(Lieu, Numero, Place, std::move(Depart)), Disque_(Disque) {}
 
@@ -90,8 +89,8 @@ void Liste_Lecteurs::Reinitialiser() {
   Indice_ = -1;
 }
 
-Liste_Repertoires::Liste_Repertoires(Fenetre& Lieu, int Numero, Position Place, Conception Depart,
-                                     Systeme_Fichiers& Disque)
+Liste_Repertoires::Liste_Repertoires(Lieu_Controles& Lieu, int Numero, Position Place,
+                                     Conception Depart, Systeme_Fichiers& Disque)
     : Controle(Lieu, Numero, Place, std::move(Depart)), Disque_(Disque) {}
 
 void Liste_Repertoires::Montrer(std::string Nouveau) {

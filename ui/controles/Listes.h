@@ -44,7 +44,7 @@ class Liste_Deroulante : public Controle {
 /// The platform's drives, as a drop-down list of roots ("C:\").
 class Liste_Lecteurs : public Controle {
  public:
-  Liste_Lecteurs(Fenetre& Lieu, int Numero, Position Place, Conception Depart,
+  Liste_Lecteurs(Lieu_Controles& Lieu, int Numero, Position Place, Conception Depart,
                  Systeme_Fichiers& Disque);
 
   /// Reads the drives again and shows the one of the given directory, without running Changement.
@@ -78,7 +78,7 @@ class Liste_Repertoires : public Controle {
     int Niveau = 0;
   };
 
-  Liste_Repertoires(Fenetre& Lieu, int Numero, Position Place, Conception Depart,
+  Liste_Repertoires(Lieu_Controles& Lieu, int Numero, Position Place, Conception Depart,
                     Systeme_Fichiers& Disque);
 
   /// Shows a directory without running Changement.

@@ -1,0 +1,117 @@
+#pragma once
+// What all native controls share: their window, their place and font at the monitor's DPI, and how
+// they follow their model. A peer may outlive its native control: a model that is unloaded from
+// within its own event finds its peers still there until the event is over (Poignee_ is null then).
+
+#include <windows.h>
+
+#include <memory>
+#include <optional>
+#include <string>
+#include <vector>
+
+#include "ui/controles/Controles.h"
+#include "windows/fenetres/Echelle.h"
+#include "windows/fenetres/Foyer.h"
+#include "windows/fenetres/Hote.h"
+#include "windows/fenetres/Objets_Gdi.h"
+#include "windows/fenetres/Polices.h"
+
+class Pair_Natif;
+
+/// What a window lends to the peers of its controls.
+struct Surface {
+  Hote& Ecran;
+  Polices& Fontes;
+  HWND Fenetre = nullptr;
+  Echelle Mesure = {};
+  COLORREF Fond = 0;
+  HBRUSH Pinceau_Fond = nullptr;
+  bool Contraste_Eleve = false;
+  Foyer Clavier = {};
+  /// In declaration order.
+  std::vector<std::unique_ptr<Pair_Natif>> Pairs = {};
+
+  /// The layout's colour; where it gives none, and everywhere in high contrast, the system's
+  /// (COLOR_BTNTEXT, ...).
+  COLORREF Teinte(const std::optional<Couleur>& Voulue, int Systeme) const {
+    return Voulue && !Contraste_Eleve ? En_Colorref(*Voulue) : GetSysColor(Systeme);
+  }
+};
+
+class Pair_Natif : public Pair_Controle {
+ public:
+  Pair_Natif(Surface& Lieu, Controle& Sien) : Lieu_(Lieu), Controle_(Sien) {}
+  ~Pair_Natif() override;
+  Pair_Natif(const Pair_Natif&) = delete;
+  Pair_Natif& operator=(const Pair_Natif&) = delete;
+
+  void Actualiser(Propriete Quoi) override;
+  void Repeindre() override;
+
+  /// Takes place and font again: the monitor's DPI changed.
+  virtual void Disposer();
+  /// Shows now what a control that changes too fast has kept for later; its next change is shown at
+  /// once too.
+  void Rattraper();
+  /// Shown when the model is, and its frame too.
+  void Actualiser_Visible();
+
+  /// A notification of the native control (BN_CLICKED, ...).
+  virtual void Commander(WORD) {}
+  /// An owner-drawn control asks to be painted.
+  virtual void Dessiner_Article(const DRAWITEMSTRUCT&) {}
+  /// Sets the colours of the text; the brush for the background, or null for the system's choice.
+  virtual HBRUSH Colorer(HDC Dc);
+
+  /// In the same frame, and over a part of the other's surface.
+  bool Touche(const Pair_Natif& Autre) const;
+  /// Below another control, or below all with HWND_BOTTOM.
+  void Passer_Dessous(HWND Autre) const;
+
+  HWND Poignee() const { return Poignee_; }
+  Controle& Modele() const { return Controle_; }
+
+ protected:
+  /// Makes the native control. To be called last by the constructor of each kind.
+  void Creer(const wchar_t* Classe, DWORD Style, DWORD Style_Etendu = 0);
+
+  /// Messages of the native control itself; the base hands them to the system.
+  virtual LRESULT Recevoir(UINT Message, WPARAM W, LPARAM L);
+  /// Shows the model's text, in a font with which it fits.
+  virtual void Actualiser_Texte();
+  /// The same for the text or value that Trop_Tot left for later.
+  virtual void Montrer_Dernier_Etat() { Actualiser_Texte(); }
+  /// A change of a fast control that comes before the eye could follow: it waits for Rattraper, or
+  /// for the next change.
+  bool Trop_Tot();
+  /// Room for the text inside the control; empty when any length will do.
+  virtual SIZE Place_Texte() const { return {}; }
+
+  LRESULT Envoyer(UINT Message, WPARAM W = 0, LPARAM L = 0) const;
+  /// From the window's client area, pixels.
+  RECT Place() const;
+  int Pixels_96(int Longueur) const { return Lieu_.Mesure.Depuis_96(Longueur); }
+  const Conception& Look() const { return Controle_.Depart(); }
+  void Invalider();
+
+  Surface& Lieu_;
+
+ private:
+  static LRESULT CALLBACK Aiguiller(HWND, UINT, WPARAM, LPARAM);
+  void Prendre_Procedure();
+  void Rendre_Procedure();
+  void Actualiser_Active();
+  void Nommer();
+
+  Controle& Controle_;
+  HWND Poignee_ = nullptr;
+  WNDPROC Procedure_ = nullptr;  // the native control's own
+  HFONT Police_ = nullptr;
+  std::wstring Texte_;  // as shown
+  bool Nomme_ = false;
+  std::optional<DWORD> Vu_;  // tick of the last change shown, of a fast control
+  bool Rapide_ = false;      // the program itself asks for its painting
+  bool En_Retard_ = false;
+  bool A_Peindre_ = true;  // changed since it was last painted at once
+};
