@@ -37,7 +37,7 @@ struct Effet {
   std::optional<int> Refus;          ///< error or state code, or Code_Usuel
   std::optional<int> Technique;      ///< technical error code, or Code_Usuel
   std::optional<std::uint8_t> Nature;    ///< first byte of the answer
-  std::optional<Octets> Reponse;         ///< the answer's bytes, whatever they mean
+  std::optional<Octets> Reponse;         ///< bytes written whatever they mean, with any code
   bool Vide = false;                     ///< nothing is written, the length stays as given
   std::optional<std::int32_t> Longueur;  ///< announced length, never written past the buffer
   bool Depuis_Capacite = false;          ///< Longueur counts from the buffer's capacity

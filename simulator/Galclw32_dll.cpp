@@ -9,6 +9,7 @@
 #include <fstream>
 #include <memory>
 #include <sstream>
+#include <stdexcept>
 
 #include "simulator/Lecteur_Simule.h"
 
@@ -52,11 +53,7 @@ class Simulateur {
 
   Lecteur_Simule& Lecteur() { return Lecteur_ ? *Lecteur_ : Lecteur_Au_Depart(); }
 
-  ~Simulateur() {
-    if (Lecteur_) {
-      Lecteur_->Clore_Fichier();
-    }
-  }
+  ~Simulateur() { Retirer_Lecteur(); }
 
  private:
   // Opened anew at each session: the file may have been taken away in between.
@@ -66,12 +63,31 @@ class Simulateur {
     }
   }
 
-  void Installer(const std::string& Texte, bool Present) {
-    if (Lecteur_) {
-      Lecteur_->Clore_Fichier();
+  void Retirer_Lecteur() {
+    if (!Lecteur_) {
+      return;
     }
+    Lecteur_->Clore_Fichier();
+    if (const auto Restants = Lecteur_->Restants(); Restants > 0) {
+      Tracer("REJEU: appels du journal restés sans demande : " + std::to_string(Restants));
+    }
+  }
+
+  std::string Lire_Voisin(const std::string& Nom) const {
+    std::ifstream Fichier(Dossier_ / fs::path(std::u8string(Nom.begin(), Nom.end())),
+                          std::ios::binary);
+    if (!Fichier) {
+      throw std::invalid_argument("fichier introuvable");
+    }
+    std::ostringstream Contenu;
+    Contenu << Fichier.rdbuf();
+    return Contenu.str();
+  }
+
+  void Installer(const std::string& Texte, bool Present) {
+    Retirer_Lecteur();
     Texte_ = Texte;
-    auto Lu = Lire_Scenario(Texte);
+    auto Lu = Lire_Scenario(Texte, [this](const std::string& Nom) { return Lire_Voisin(Nom); });
     Tracee_ = Lu.Contenu.Trace;
     Ouvrir_Trace();
     Tracer(Present ? "SCENARIO: scenario.txt" : "SCENARIO: absent, lecteur 650 par défaut");

@@ -13,10 +13,10 @@ constexpr std::int16_t Reponse_Trop_Petite = 16;
 constexpr std::int16_t Erreur_Protocole = 512;
 constexpr std::int16_t Session_Inconnue = 4096;
 
-Cible Cible_De(Role Genre) {
-  return Genre == Role::Demande ? Cible::Demande
-         : Genre == Role::Bloc  ? Cible::Bloc
-                                : Cible::Lecture;
+Cible Cible_De(Role_Trame Role) {
+  return Role == Role_Trame::Demande ? Cible::Demande
+         : Role == Role_Trame::Bloc  ? Cible::Bloc
+                                     : Cible::Lecture;
 }
 
 /// What a scenario makes of the reader's own answer.
@@ -52,9 +52,9 @@ bool Lecteur_Simule::Juger_Acces(std::int16_t Session, std::int16_t Nombre) {
 
 void Lecteur_Simule::Juger_Tampons(const Trame_Recue& Trame, Vue_Octets Reponse,
                                    std::int32_t Longueur) {
-  if (Trame.Genre != Role::Inconnu && Longueur != Capacite_Voulue(Trame.Genre)) {
+  if (Trame.Role != Role_Trame::Inconnu && Longueur != Capacite_Voulue(Trame.Role)) {
     Faute("capacité de réponse " + std::to_string(Longueur) + " au lieu de " +
-          std::to_string(Capacite_Voulue(Trame.Genre)));
+          std::to_string(Capacite_Voulue(Trame.Role)));
   }
   if (!std::all_of(Reponse.begin(), Reponse.end(),
                    [](std::uint8_t Octet) { return Octet == ' '; })) {
@@ -63,29 +63,29 @@ void Lecteur_Simule::Juger_Tampons(const Trame_Recue& Trame, Vue_Octets Reponse,
 }
 
 bool Lecteur_Simule::Juger_Trame(const Trame_Recue& Trame) {
-  if (Trame.Genre == Role::Inconnu) {
+  if (Trame.Role == Role_Trame::Inconnu) {
     Faute("trame inconnue");
     return false;
   }
   auto& Rang_Bloc = Compteurs_[static_cast<std::size_t>(Cible::Bloc)];
-  ++Compteurs_[static_cast<std::size_t>(Cible_De(Trame.Genre))];
-  if (Trame.Genre == Role::Demande) {
+  ++Compteurs_[static_cast<std::size_t>(Cible_De(Trame.Role))];
+  if (Trame.Role == Role_Trame::Demande) {
     Clore_Fichier();
     Rang_Bloc = 0;
   }
-  return Trame.Genre == Role::Lecture || Receveur_.Juger(Trame);
+  return Trame.Role == Role_Trame::Lecture || Receveur_.Juger(Trame);
 }
 
 Lecteur_Simule::Resultat Lecteur_Simule::Reponse_Propre(const Trame_Recue& Trame, const Suivi& S) {
   // The last block of a kernel may be repeated after 64 although the restart has begun.
   if (Lectures_Muettes_ > 0 && !S.Livre) {
-    Lectures_Muettes_ -= Trame.Genre == Role::Lecture ? 1 : 0;
+    Lectures_Muettes_ -= Trame.Role == Role_Trame::Lecture ? 1 : 0;
     return {Regles_.Code_Muet, {}};
   }
-  if (Trame.Genre == Role::Inconnu) {
+  if (Trame.Role == Role_Trame::Inconnu) {
     return {Erreur_Protocole, {}};
   }
-  if (Trame.Genre == Role::Lecture) {
+  if (Trame.Role == Role_Trame::Lecture) {
     Octets Donnees = Regles_.Identite.Enregistrement();
     Donnees.insert(Donnees.begin(), Regles_.Octet_Etat);
     return {0, Donnees};
@@ -97,7 +97,7 @@ void Lecteur_Simule::Ecrire(Resultat& R, const Effet& E, Tampon Reponse, std::in
   if (R.Code == 0 && R.Donnees.size() > Reponse.size() && !E.Reponse) {
     R.Code = Reponse_Trop_Petite;
   }
-  if (R.Code == 0 && !E.Vide) {
+  if ((R.Code == 0 || E.Reponse) && !E.Vide) {
     const bool Ecourtee = E.Longueur && !E.Depuis_Capacite;
     R.Donnees.resize(Borner(Ecourtee ? *E.Longueur : INT32_MAX, R.Donnees.size()));
     Longueur = static_cast<std::int32_t>(R.Donnees.size());
@@ -133,19 +133,19 @@ void Lecteur_Simule::Tracer_Echange(const Suivi& S, const Resultat& R, std::int3
 }
 
 void Lecteur_Simule::Garder(const Trame_Recue& Trame) {
-  if (Trame.Genre != Role::Demande && Trame.Genre != Role::Bloc) {
+  if (Trame.Role != Role_Trame::Demande && Trame.Role != Role_Trame::Bloc) {
     return;
   }
   Receveur_.Recevoir(Trame);
   const auto& Fichier = Fichiers().back();
-  if (Trame.Genre == Role::Bloc && Fichier.Complet()) {
+  if (Trame.Role == Role_Trame::Bloc && Fichier.Complet()) {
     Lectures_Muettes_ = Fichier.Noyau ? Regles_.Lectures_Muettes : 0;
     Regles_.Identite.Changer(Fichier.Noyau ? Regles_.Apres_Noyau : Regles_.Apres_Appli);
   }
 }
 
 void Lecteur_Simule::Terminer(const Trame_Recue& Trame, bool Accorde, Vue_Octets Reponse) {
-  if (Trame.Genre == Role::Inconnu) {
+  if (Trame.Role == Role_Trame::Inconnu) {
     return;
   }
   const auto Taille = Reponse.size() > 2 ? Reponse[2] : std::uint8_t{0};
@@ -154,53 +154,69 @@ void Lecteur_Simule::Terminer(const Trame_Recue& Trame, bool Accorde, Vue_Octets
   }
 }
 
-Lecteur_Simule::Suivi Lecteur_Simule::Suivre(const std::optional<Suivi>& Precedent,
-                                             Vue_Octets Envoyee, Vue_Octets Reponse,
-                                             std::int32_t Longueur) {
-  const bool Repetee = Precedent && Egaux(Envoyee, Precedent->Laissee);
-  if (Precedent && (!Repetee || Longueur != Precedent->Longueur_Reponse)) {
-    Faute("échange non répété après 64, ou pas comme il avait été laissé");
-  }
-  if (Repetee) {
-    Suivi S = *Precedent;
-    S.Repetee = true;
-    return S;
-  }
+Lecteur_Simule::Suivi Lecteur_Simule::Commencer(const Pret& Lent) {
   Suivi S;
+  const auto Envoyee = Lent.Commande.first(Borner(Lent.Longueur_Commande, Lent.Commande.size()));
   S.Origine.assign(Envoyee.begin(), Envoyee.end());
-  S.Capacite = Reponse.size();
+  S.Capacite = Lent.Reponse.size();
   const auto Trame = Reconnaitre(S.Origine);
-  Juger_Tampons(Trame, Reponse, Longueur);
+  Juger_Tampons(Trame, Lent.Reponse, Lent.Longueur_Reponse);
   S.Irreprochable = Juger_Trame(Trame);
   return S;
+}
+
+// The call after an answer 64. False: another command, which is an exchange of its own.
+bool Lecteur_Simule::Juger_Reprise(const Suivi& Laisse, const Pret& Lent) {
+  const bool Meme_Commande = Egaux(Lent.Commande, Laisse.Commande);
+  // The library only knows as much of the reply buffer as it is lent.
+  const auto Vue = std::min(Lent.Reponse.size(), Laisse.Reponse.size());
+  if (!Meme_Commande || Lent.Longueur_Commande != Laisse.Longueur_Commande ||
+      Lent.Longueur_Reponse != Laisse.Longueur_Reponse ||
+      !Egaux(Lent.Reponse.first(Vue), Vue_Octets(Laisse.Reponse).first(Vue))) {
+    Faute("échange non répété après 64, ou pas comme il avait été laissé");
+  }
+  return Meme_Commande;
+}
+
+void Lecteur_Simule::Suspendre(Suivi S, const Pret& Lent) {
+  S.Repetee = true;
+  S.Commande.assign(Lent.Commande.begin(), Lent.Commande.end());
+  S.Longueur_Commande = Lent.Longueur_Commande;
+  S.Reponse.assign(Lent.Reponse.begin(), Lent.Reponse.end());
+  // The program lends no more than its buffer, whatever it was left.
+  S.Longueur_Reponse =
+      static_cast<std::int32_t>(Borner(Lent.Longueur_Reponse, Lent.Reponse.size()));
+  Suspendu_ = std::move(S);
 }
 
 std::int16_t Lecteur_Simule::Echange(std::int16_t Session, std::int16_t Nombre_Fixe,
                                      Tampon Commande, std::int32_t& Longueur_Commande,
                                      Tampon Reponse, std::int32_t& Longueur_Reponse) {
-  const auto Precedent = Entrer(Cible::Echange);
-  const auto Envoyee = Vue_Octets(Commande).first(Borner(Longueur_Commande, Commande.size()));
-  if (Longueur_Commande != static_cast<std::int64_t>(Envoyee.size())) {
-    Faute("longueur de commande " + std::to_string(Longueur_Commande) + " hors du tampon");
+  if (Rejeu_) {
+    return Rejeu_->Echange(Session, Nombre_Fixe, Commande, Longueur_Commande, Reponse,
+                           Longueur_Reponse);
   }
-  auto S = Suivre(Precedent, Envoyee, Reponse, Longueur_Reponse);
+  auto Precedent = Entrer(Cible::Echange);
+  const Pret Lent{Commande, Longueur_Commande, Reponse, Longueur_Reponse};
+  if (Longueur_Commande != static_cast<std::int64_t>(Commande.size())) {
+    Faute("longueur de commande " + std::to_string(Longueur_Commande) + " au lieu de " +
+          std::to_string(Commande.size()));
+  }
+  Suivi S = Precedent && Juger_Reprise(*Precedent, Lent) ? *std::move(Precedent) : Commencer(Lent);
   S.Acces = Juger_Acces(Session, Nombre_Fixe);
   if (Attendre && Regles_.Delai_Ms > 0) {
     Attendre(Regles_.Delai_Ms);
   }
   const auto Trame = Reconnaitre(S.Origine);
-  const auto E = Effet_Sur(Cible::Echange, Cible_De(Trame.Genre));
-  const auto Prete = Reponse.first(std::min(S.Capacite, Reponse.size()));
-  const auto R = Repondre(Trame, E, S, Prete, Longueur_Reponse);
+  const auto E = Effet_Sur(Cible::Echange, Cible_De(Trame.Role));
+  const auto R =
+      Repondre(Trame, E, S, Reponse.first(std::min(S.Capacite, Reponse.size())), Longueur_Reponse);
   Tracer_Echange(S, R, Longueur_Reponse);
   if (E.Noms) {
     Recopier(*E.Noms, Commande);
   }
   if (R.Code == Abandon_Materiel && !S.Repetee) {
-    S.Laissee.assign(Envoyee.begin(), Envoyee.end());
-    // The program lends no more than its buffer, whatever it was left.
-    S.Longueur_Reponse = static_cast<std::int32_t>(Borner(Longueur_Reponse, Reponse.size()));
-    Suspendu_ = std::move(S);
+    Suspendre(std::move(S), Lent);
   } else {
     Terminer(Trame, Vaut_Accord(Trame, R.Code, Reponse, Longueur_Reponse), Reponse);
   }

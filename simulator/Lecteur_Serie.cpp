@@ -47,6 +47,11 @@ void Lecteur_Serie::Faute(const std::string& Reproche) {
 Lecteur_Serie::Reponse Lecteur_Serie::Recevoir(Vue_Octets Donnees, int Vitesse) {
   Reponse Sortie;
   Tracer("reçu à " + std::to_string(Vitesse) + " bauds : " + Ecrire_Hexa(Donnees, 32));
+  if (Regles_.Rejeu) {
+    Recus_.insert(Recus_.end(), Donnees.begin(), Donnees.end());
+    Rejouer(Vitesse, Sortie);
+    return Sortie;
+  }
   const auto& Connues = Regles_.Serie.Vitesses;
   if (std::find(Connues.begin(), Connues.end(), Vitesse) == Connues.end()) {
     Recus_.clear();
@@ -68,6 +73,38 @@ Lecteur_Serie::Reponse Lecteur_Serie::Recevoir(Vue_Octets Donnees, int Vitesse) 
     Repondre(Trame, Sortie);
   }
   return Sortie;
+}
+
+void Lecteur_Serie::Rejouer(int Vitesse, Reponse& Sortie) {
+  const auto& Envois = Regles_.Rejeu->Envois;
+  if (Divergent_) {
+    return;
+  }
+  const auto Rang = static_cast<std::size_t>(Trames_);
+  const auto Attendus = Rang < Envois.size() ? Vue_Octets(Envois[Rang].Envoyes) : Vue_Octets();
+  const auto Communs = std::min(Attendus.size(), Recus_.size());
+  const bool Semblables = std::equal(
+      Recus_.begin(), Recus_.begin() + static_cast<std::ptrdiff_t>(Communs), Attendus.begin());
+  if (Semblables && Recus_.size() < Attendus.size()) {
+    return;  // the rest is still to come
+  }
+  Divergent_ = !Semblables || Recus_.size() != Attendus.size() || Envois[Rang].Vitesse != Vitesse;
+  if (Divergent_) {
+    const auto Dire = [](Vue_Octets Trame, int Bauds) {
+      return Ecrire_Hexa(Trame, 32) + " à " + std::to_string(Bauds) + " bauds";
+    };
+    return Faute(Attendus.empty()
+                     ? "rejeu, rien de plus dans le journal, venu " + Dire(Recus_, Vitesse)
+                     : "rejeu, ligne " + std::to_string(Envois[Rang].Ligne) + " : attendu " +
+                           Dire(Attendus, Envois[Rang].Vitesse) + ", venu " +
+                           Dire(Recus_, Vitesse));
+  }
+  Recus_.clear();
+  ++Trames_;
+  for (const auto& Morceau : Envois[Rang].Morceaux) {
+    Sortie.Morceaux.push_back(Morceau.Recus);
+    Sortie.Delais_Ms.push_back(Regles_.Durees ? Morceau.Delai_Ms : 0);
+  }
 }
 
 void Lecteur_Serie::Repondre(Vue_Octets Trame, Reponse& Sortie) {

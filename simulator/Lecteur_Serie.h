@@ -16,6 +16,7 @@ class Lecteur_Serie {
  public:
   struct Reponse {
     std::vector<Octets> Morceaux;  ///< to be sent one by one, Delai_Morceaux_Ms apart
+    std::vector<int> Delais_Ms;    ///< before each of them, of a replay; else empty
     bool Debranche = false;        ///< the cable is pulled instead of an answer
   };
 
@@ -24,7 +25,7 @@ class Lecteur_Serie {
   std::function<void(const std::string& Ligne)> Ecrire_Trace;
 
   /// Vitesse: bauds at which the port is set. At a speed that it does not know the reader
-  /// understands nothing.
+  /// understands nothing. A journal to replay answers instead, as long as the frames are its own.
   Reponse Recevoir(Vue_Octets Donnees, int Vitesse);
 
   /// What the program did wrong, in French, in order.
@@ -33,6 +34,7 @@ class Lecteur_Serie {
 
  private:
   void Repondre(Vue_Octets Trame, Reponse& Sortie);
+  void Rejouer(int Vitesse, Reponse& Sortie);
   void Emettre(std::uint8_t Controle, Octets Contenu, Reponse& Sortie) const;
   void Faute(const std::string& Reproche);
   void Tracer(const std::string& Ligne);
@@ -41,4 +43,5 @@ class Lecteur_Serie {
   Octets Recus_;  // the beginning of a frame
   std::vector<std::string> Fautes_;
   int Trames_ = 0;
+  bool Divergent_ = false;  // from what is replayed
 };

@@ -19,11 +19,37 @@ std::string Texte(Vue_Octets Nom) {
   return Cite += '"';
 }
 
+/// A name as a C library reads it.
+Octets Jusqu_Au_Zero(Vue_Octets Nom) {
+  return {Nom.begin(), std::find(Nom.begin(), Nom.end(), 0)};
+}
+
 }  // namespace
 
 Lecteur_Simule::Lecteur_Simule(Scenario Reglages)
     : Regles_(std::move(Reglages)),
-      Receveur_(Regles_, [this](const std::string& Reproche) { Faute(Reproche); }) {}
+      Receveur_(Regles_, [this](const std::string& Reproche) { Faute(Reproche); }) {
+  if (Regles_.Rejeu) {
+    Rejeu_.emplace(Regles_.Rejeu->Appels, Regles_.Contenu, Suites_Rejeu());
+  }
+}
+
+Rejeu::Accroches Lecteur_Simule::Suites_Rejeu() {
+  return {.Faute = [this](const std::string& Reproche) { Faute(Reproche); },
+          .Attendre =
+              [this](int Millisecondes) {
+                if (Attendre && Regles_.Durees) {
+                  Attendre(Millisecondes);
+                }
+              },
+          .Lever =
+              [this](int Numero, const std::string& Description) {
+                Tracer("REJEU: erreur " + std::to_string(Numero) + " : " + Description);
+                if (Lever) {
+                  Lever(Numero, Description);
+                }
+              }};
+}
 
 void Lecteur_Simule::Faute(const std::string& Reproche) {
   Fautes_.push_back(Reproche);
@@ -49,9 +75,9 @@ std::optional<Lecteur_Simule::Suivi> Lecteur_Simule::Entrer(Cible Operation) {
   return Precedent;
 }
 
-Effet Lecteur_Simule::Effet_Sur(Cible Operation, std::optional<Cible> Genre) {
+Effet Lecteur_Simule::Effet_Sur(Cible Operation, std::optional<Cible> Role) {
   for (auto& D : Regles_.Defauts) {
-    const bool Vise = D.Vise == Cible::Appel || D.Vise == Operation || D.Vise == Genre;
+    const bool Vise = D.Vise == Cible::Appel || D.Vise == Operation || D.Vise == Role;
     const bool Dans_Fichier = D.Fichier == 0 || D.Fichier == Nombre(Cible::Demande);
     if (Vise && Dans_Fichier && D.Reste > 0 && Nombre(D.Vise) >= D.Rang) {
       D.Reste -= D.Reste == Toujours ? 0 : 1;
@@ -61,12 +87,10 @@ Effet Lecteur_Simule::Effet_Sur(Cible Operation, std::optional<Cible> Genre) {
   return {};
 }
 
+// From try to try the application name goes on as the reader left it; the LAD is spelled anew.
 void Lecteur_Simule::Juger_Session(Vue_Octets Application, Vue_Octets LAD, std::size_t Essai) {
   static const Octets Nom_Voulu = Lire_Caracteres("Téléchargement");
-  if (Essai == 0) {
-    Noms_Changes_ = false;
-  }
-  if (!Noms_Changes_ && !Egaux(Application, Nom_Voulu)) {
+  if (Jusqu_Au_Zero(Application) != (Essai == 0 ? Nom_Voulu : Application_Laissee_)) {
     Faute("nom d'application " + Texte(Application));
   }
   const std::string Voulu(Orthographes_LAD[Essai]);
@@ -77,6 +101,9 @@ void Lecteur_Simule::Juger_Session(Vue_Octets Application, Vue_Octets LAD, std::
 
 std::int16_t Lecteur_Simule::OuvrirSession(Tampon Application, Tampon LAD, std::int16_t& Session,
                                            std::int16_t& Info) {
+  if (Rejeu_) {
+    return Rejeu_->OuvrirSession(Application, LAD, Session, Info);
+  }
   const auto Essai = std::exchange(Essai_LAD_, 0);
   Entrer(Cible::OuvrirSession);
   Juger_Session(Application, LAD, Essai);
@@ -94,17 +121,20 @@ std::int16_t Lecteur_Simule::OuvrirSession(Tampon Application, Tampon LAD, std::
     Info = Regles_.Info;
   }
   if (E.Noms) {
-    Noms_Changes_ = true;
     Recopier(*E.Noms, Application);
     Recopier(*E.Noms, LAD);
   }
-  LAD_Session_.assign(LAD.begin(), LAD.end());
+  Application_Laissee_ = Jusqu_Au_Zero(Application);
+  LAD_Laisse_ = Jusqu_Au_Zero(LAD);
   Essai_LAD_ = Code == LAD_Refuse && Essai + 1 < Orthographes_LAD.size() ? Essai + 1 : 0;
   return Code;
 }
 
 std::int16_t Lecteur_Simule::DebutExclusivite(Tampon Exclusivite_Texte, Tampon Application,
                                               Tampon LAD, std::int16_t& Exclusivite) {
+  if (Rejeu_) {
+    return Rejeu_->DebutExclusivite(Exclusivite_Texte, Application, LAD, Exclusivite);
+  }
   Entrer(Cible::DebutExclusivite);
   const std::string Voulu = std::to_string(Regles_.Session) + ":1";
   if (!Session_Ouverte_ || Exclusivite_Tenue_) {
@@ -113,8 +143,8 @@ std::int16_t Lecteur_Simule::DebutExclusivite(Tampon Exclusivite_Texte, Tampon A
   if (!Egaux(Exclusivite_Texte, Octets(Voulu.begin(), Voulu.end()))) {
     Faute("texte d'exclusivité " + Texte(Exclusivite_Texte) + " au lieu de " + Voulu);
   }
-  if (!Egaux(LAD, LAD_Session_)) {
-    Faute("exclusivité demandée sur un autre LAD que la session");
+  if (Jusqu_Au_Zero(Application) != Application_Laissee_ || Jusqu_Au_Zero(LAD) != LAD_Laisse_) {
+    Faute("exclusivité demandée sous d'autres noms que la session");
   }
   const auto E = Effet_Sur(Cible::DebutExclusivite);
   const std::int16_t Code = E.Code.value_or(Session_Ouverte_ ? 0 : Session_Inconnue);
@@ -133,6 +163,9 @@ std::int16_t Lecteur_Simule::DebutExclusivite(Tampon Exclusivite_Texte, Tampon A
 }
 
 std::int16_t Lecteur_Simule::FinExclusivite(std::int16_t Exclusivite) {
+  if (Rejeu_) {
+    return Rejeu_->FinExclusivite(Exclusivite);
+  }
   Entrer(Cible::FinExclusivite);
   if (!Exclusivite_Tenue_ || Exclusivite != Regles_.Exclusivite) {
     Faute("libération d'une exclusivité qui n'est pas tenue");
@@ -146,6 +179,9 @@ std::int16_t Lecteur_Simule::FinExclusivite(std::int16_t Exclusivite) {
 }
 
 std::int16_t Lecteur_Simule::FermerSession(std::int16_t Session, std::int16_t& Exclusivite) {
+  if (Rejeu_) {
+    return Rejeu_->FermerSession(Session, Exclusivite);
+  }
   Entrer(Cible::FermerSession);
   if (!Session_Ouverte_ || Session != Regles_.Session) {
     Faute("fermeture d'une session qui n'est pas ouverte");

@@ -9,6 +9,7 @@
 #include <vector>
 
 #include "simulator/Receveur.h"
+#include "simulator/Rejeu.h"
 #include "simulator/Scenario.h"
 #include "simulator/Tampon.h"
 
@@ -23,6 +24,8 @@ class Lecteur_Simule {
   /// Ecrire_Trace: one line, UTF-8. Fichier_Clos: a file, complete or given up, and its rank.
   std::function<void(Cible Operation, int Rang)> Avant_Appel;
   std::function<void(int Millisecondes)> Attendre;
+  /// Raises again what a journal recorded instead of an answer; without it the call answers 1.
+  std::function<void(int Numero, const std::string& Description)> Lever;
   std::function<void(const std::string& Ligne)> Ecrire_Trace;
   std::function<void(const Fichier_Recu& Fichier, std::size_t Rang)> Fichier_Clos;
 
@@ -37,6 +40,9 @@ class Lecteur_Simule {
                        std::int32_t& Longueur_Reponse);
   std::int16_t FinExclusivite(std::int16_t Exclusivite);
   std::int16_t FermerSession(std::int16_t Session, std::int16_t& Exclusivite);
+
+  /// Calls of a replayed journal that were not asked for.
+  std::size_t Restants() const { return Rejeu_ ? Rejeu_->Restants() : 0; }
 
   /// Off and on again: no session, no restart under way; what is installed stays.
   void Rallumer();
@@ -56,15 +62,25 @@ class Lecteur_Simule {
   const Identification& Identite() const { return Regles_.Identite; }
 
  private:
-  /// One exchange. After an answer 64 it is kept: it must be repeated once, as it was left.
+  /// What one call of Echange lends.
+  struct Pret {
+    Tampon Commande;
+    std::int32_t& Longueur_Commande;
+    Tampon Reponse;
+    std::int32_t& Longueur_Reponse;
+  };
+  /// One exchange: one call, or two when the first is answered 64. It is judged, counted and taken
+  /// by the reader once, whichever of the calls brings it through; the last answer ends it.
   struct Suivi {
-    Octets Origine, Laissee;  // the frame as sent, and as the library left it
-    std::int32_t Longueur_Reponse = 0;
-    std::size_t Capacite = 0;  // of the buffer lent first
-    bool Repetee = false;
-    bool Acces = false;          // session and exclusivity are right
-    bool Irreprochable = false;  // so is the frame
+    Octets Origine;              // the frame as first sent: what is judged and taken
+    std::size_t Capacite = 0;    // of the reply buffer first lent
+    bool Irreprochable = false;  // the frame is right
+    bool Acces = false;          // so are session and exclusivity
     bool Livre = false;          // the reader has taken it
+    bool Repetee = false;
+    // As the first call left them, which is how the second must lend them.
+    Octets Commande, Reponse;
+    std::int32_t Longueur_Commande = 0, Longueur_Reponse = 0;
   };
   struct Resultat {
     std::int16_t Code = 0;
@@ -72,10 +88,11 @@ class Lecteur_Simule {
   };
 
   std::optional<Suivi> Entrer(Cible Operation);
-  Effet Effet_Sur(Cible Operation, std::optional<Cible> Genre = {});
+  Effet Effet_Sur(Cible Operation, std::optional<Cible> Role = {});
   void Juger_Session(Vue_Octets Application, Vue_Octets LAD, std::size_t Essai);
-  Suivi Suivre(const std::optional<Suivi>& Precedent, Vue_Octets Envoyee, Vue_Octets Reponse,
-               std::int32_t Longueur);
+  Suivi Commencer(const Pret& Lent);
+  bool Juger_Reprise(const Suivi& Laisse, const Pret& Lent);
+  void Suspendre(Suivi S, const Pret& Lent);
   bool Juger_Acces(std::int16_t Session, std::int16_t Nombre);
   void Juger_Tampons(const Trame_Recue& Trame, Vue_Octets Reponse, std::int32_t Longueur);
   bool Juger_Trame(const Trame_Recue& Trame);
@@ -88,15 +105,16 @@ class Lecteur_Simule {
   void Terminer(const Trame_Recue& Trame, bool Accorde, Vue_Octets Reponse);
   void Faute(const std::string& Texte);
   void Tracer(const std::string& Ligne);
+  Rejeu::Accroches Suites_Rejeu();
 
   Scenario Regles_;
+  std::optional<Rejeu> Rejeu_;
   std::vector<std::string> Fautes_;
   Receveur Receveur_;
   std::array<int, Noms_Cibles.size()> Compteurs_{};
   std::optional<Suivi> Suspendu_;
   std::size_t Essai_LAD_ = 0;
-  Octets LAD_Session_;
-  bool Noms_Changes_ = false;
+  Octets Application_Laissee_, LAD_Laisse_;  // by the last try to open a session
   bool Session_Ouverte_ = false, Exclusivite_Tenue_ = false, Liberation_Essayee_ = false;
   int Lectures_Muettes_ = 0;
   std::size_t Fichiers_Clos_ = 0;

@@ -17,7 +17,7 @@ void Receveur::Nouvelle_Session() {
 
 bool Receveur::Juger(const Trame_Recue& Trame) {
   Irreprochable_ = true;
-  if (Trame.Genre == Role::Demande) {
+  if (Trame.Role == Role_Trame::Demande) {
     Juger_Demande(Trame);
     Dernier_ = Dernier::En_Cours;
     Ouvert_ = false;
@@ -80,7 +80,7 @@ void Receveur::Juger_Bloc(const Trame_Recue& Trame) {
 }
 
 void Receveur::Recevoir(const Trame_Recue& Trame) {
-  if (Trame.Genre == Role::Demande) {
+  if (Trame.Role == Role_Trame::Demande) {
     const bool Noyau = Regles_.Premier_Est_Noyau && Demandes_Session_ == 1 && !Noyau_Installe_;
     Fichiers_.push_back({Trame.Famille, Longueur_Declaree(Trame).value_or(0), Noyau, {}, false});
     Ouvert_ = true;
@@ -92,7 +92,7 @@ void Receveur::Recevoir(const Trame_Recue& Trame) {
 }
 
 bool Receveur::Conclure(const Trame_Recue& Trame, bool Accord_Donne, std::uint8_t Taille) {
-  if (Trame.Genre == Role::Lecture) {
+  if (Trame.Role == Role_Trame::Lecture) {
     ++Lectures_;
     Repondu_ = Repondu_ || Accord_Donne;
     return false;
@@ -104,7 +104,7 @@ bool Receveur::Conclure(const Trame_Recue& Trame, bool Accord_Donne, std::uint8_
     Dernier_ = Dernier::Echoue;
     return false;
   }
-  if (Trame.Genre == Role::Demande) {
+  if (Trame.Role == Role_Trame::Demande) {
     // Half the size granted, less the five header bytes of the first family, in both families.
     Donnees_Par_Bloc_ = Taille == 0 ? 0 : static_cast<std::size_t>(Taille) * 1024 / 2 - 5;
     Lectures_ = 0;

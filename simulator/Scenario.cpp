@@ -84,6 +84,9 @@ const std::map<std::string_view, Lecture_Cle>& Cles() {
       {"trace", [](Scenario& S, std::string_view Valeur) { S.Trace = Lire_Oui_Non(Valeur); }},
       {"defaut",
        [](Scenario& S, std::string_view Valeur) { S.Defauts.push_back(Lire_Defaut(Valeur)); }},
+      {"rejouer", [](Scenario& S, std::string_view Valeur) { S.Rejouer = Valeur; }},
+      {"durees", [](Scenario& S, std::string_view Valeur) { S.Durees = Lire_Oui_Non(Valeur); }},
+      {"contenu", [](Scenario& S, std::string_view Valeur) { S.Contenu = Lire_Oui_Non(Valeur); }},
       {"vitesses", Lire_Vitesses},
       {"morceaux", Nombre(&Reglages_Serie::Morceaux, 0, 1000)},
       {"delai_morceaux_ms", Nombre(&Reglages_Serie::Delai_Morceaux_Ms, 0, 60000)},
@@ -134,9 +137,22 @@ void Lire_Ligne(Scenario& S, std::string_view Ligne) {
   }
 }
 
+/// A refused journal answers nothing: the reader would answer something else.
+void Charger_Rejeu(Scenario_Lu& Lu, const Lecture_Fichier& Lire) {
+  Lu.Contenu.Rejeu.emplace();
+  try {
+    if (!Lire) {
+      throw std::invalid_argument("aucun journal ne peut être lu ici");
+    }
+    Lu.Contenu.Rejeu = Lire_Journal(Lire(Lu.Contenu.Rejouer));
+  } catch (const std::invalid_argument& Erreur) {
+    Lu.Erreurs.push_back(Lu.Contenu.Rejouer + ", " + Erreur.what());
+  }
+}
+
 }  // namespace
 
-Scenario_Lu Lire_Scenario(std::string_view Texte) {
+Scenario_Lu Lire_Scenario(std::string_view Texte, const Lecture_Fichier& Lire) {
   constexpr std::string_view Marque_Utf8 = "\xEF\xBB\xBF";
   Texte.remove_prefix(Texte.starts_with(Marque_Utf8) ? Marque_Utf8.size() : 0);
   Scenario_Lu Lu;
@@ -152,11 +168,14 @@ Scenario_Lu Lire_Scenario(std::string_view Texte) {
       }
     }
   }
+  if (!Lu.Contenu.Rejouer.empty()) {
+    Charger_Rejeu(Lu, Lire);
+  }
   return Lu;
 }
 
-Scenario Scenario_De(std::string_view Texte) {
-  auto Lu = Lire_Scenario(Texte);
+Scenario Scenario_De(std::string_view Texte, const Lecture_Fichier& Lire) {
+  auto Lu = Lire_Scenario(Texte, Lire);
   if (!Lu.Erreurs.empty()) {
     throw std::invalid_argument(Lu.Erreurs.front());
   }

@@ -1,7 +1,8 @@
 #pragma once
 // A scenario: which reader is simulated and what goes wrong with it. Lines "cle = valeur" in UTF-8
-// (";" also ends a line, "#" opens a comment); LISEZMOI.md describes every key.
+// (";" also ends a line, "#" opens a comment); LISEZMOI.md and BOUT_SERIE.md describe every key.
 
+#include <functional>
 #include <optional>
 #include <string>
 #include <string_view>
@@ -9,6 +10,7 @@
 
 #include "simulator/Defaut.h"
 #include "simulator/Identification.h"
+#include "simulator/Journal_Lu.h"
 #include "simulator/Trame_Recue.h"
 
 enum class Mutisme { Aucun, Test, Config, Tout };
@@ -39,6 +41,10 @@ struct Scenario {
   bool Trace = true;
   std::vector<Defaut> Defauts;
   Reglages_Serie Serie;
+  std::string Rejouer;              ///< name of a journal that answers instead of the reader
+  std::optional<Journal_Lu> Rejeu;  ///< that journal; without any call when it was refused
+  bool Durees = true;               ///< the journal's answers take their time
+  bool Contenu = true;              ///< the blocks' data must be those of the journal
 };
 
 struct Scenario_Lu {
@@ -46,7 +52,10 @@ struct Scenario_Lu {
   std::vector<std::string> Erreurs;  ///< "ligne 3 : ...", in French; bad lines have no effect
 };
 
-Scenario_Lu Lire_Scenario(std::string_view Texte);
+/// Content of a file by its name in the scenario; raises std::invalid_argument when there is none.
+using Lecture_Fichier = std::function<std::string(const std::string& Nom)>;
+
+Scenario_Lu Lire_Scenario(std::string_view Texte, const Lecture_Fichier& Lire = {});
 
 /// For tests: raises std::invalid_argument when the text has a bad line.
-Scenario Scenario_De(std::string_view Texte);
+Scenario Scenario_De(std::string_view Texte, const Lecture_Fichier& Lire = {});

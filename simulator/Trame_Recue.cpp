@@ -13,7 +13,7 @@ constexpr std::size_t Taille_Version = 4;
 constexpr std::size_t Taille_Longueur = 6;
 
 struct Modele {
-  Role Genre;
+  Role_Trame Role;
   Famille_Trames Famille;
   std::size_t Taille_Entete;
   std::array<std::uint8_t, 7> Entete;
@@ -24,11 +24,11 @@ constexpr auto Telechargement = Famille_Trames::Telechargement;
 constexpr auto Chargement = Famille_Trames::Chargement;
 
 constexpr Modele Modeles[] = {
-    {Role::Lecture, Telechargement, 4, {0x01, 0, 0, 0x94}, 4, 4},
-    {Role::Demande, Telechargement, 4, {0x01, 0, 0, 0x99}, 4 + 4 + 6, 4 + 4 + 6},
-    {Role::Bloc, Telechargement, 4, {0x01, 0, 0, 0x98}, 4 + 1, Sans_Maximum},
-    {Role::Demande, Chargement, 7, {0xFF, 1, 3, 1, 1, 0xFF, 0xFF}, 7 + 4 + 6, 7 + 4 + 6},
-    {Role::Bloc, Chargement, 7, {0xFF, 1, 3, 2, 1, 0xFF, 0xFF}, 7 + 1, Sans_Maximum},
+    {Role_Trame::Lecture, Telechargement, 4, {0x01, 0, 0, 0x94}, 4, 4},
+    {Role_Trame::Demande, Telechargement, 4, {0x01, 0, 0, 0x99}, 4 + 4 + 6, 4 + 4 + 6},
+    {Role_Trame::Bloc, Telechargement, 4, {0x01, 0, 0, 0x98}, 4 + 1, Sans_Maximum},
+    {Role_Trame::Demande, Chargement, 7, {0xFF, 1, 3, 1, 1, 0xFF, 0xFF}, 7 + 4 + 6, 7 + 4 + 6},
+    {Role_Trame::Bloc, Chargement, 7, {0xFF, 1, 3, 2, 1, 0xFF, 0xFF}, 7 + 1, Sans_Maximum},
 };
 
 bool Convient(const Modele& M, Vue_Octets Trame) {
@@ -49,12 +49,12 @@ Trame_Recue Reconnaitre(Vue_Octets Trame) {
   if (Trouve == std::end(Modeles)) {
     return {};
   }
-  Trame_Recue Recue{Trouve->Genre, Trouve->Famille, {}, {}, 0, {}};
+  Trame_Recue Recue{Trouve->Role, Trouve->Famille, {}, {}, 0, {}};
   const auto Corps = Trame.subspan(Trouve->Taille_Entete);
-  if (Recue.Genre == Role::Demande) {
+  if (Recue.Role == Role_Trame::Demande) {
     Recue.Version = Corps.first(Taille_Version);
     Recue.Longueur = Corps.last(Taille_Longueur);
-  } else if (Recue.Genre == Role::Bloc) {
+  } else if (Recue.Role == Role_Trame::Bloc) {
     Recue.Type = Corps.front();
     Recue.Donnees = Corps.subspan(1);
   }
@@ -72,19 +72,19 @@ std::optional<int> Longueur_Declaree(const Trame_Recue& Trame) {
   return Valeur;
 }
 
-std::int32_t Capacite_Voulue(Role Genre) {
+std::int32_t Capacite_Voulue(Role_Trame Role) {
   constexpr std::array<std::int32_t, 4> Capacites = {0, 2048, 3, 2};
-  return Capacites[static_cast<std::size_t>(Genre)];
+  return Capacites[static_cast<std::size_t>(Role)];
 }
 
 Octets Accord(const Trame_Recue& Trame, std::uint8_t Taille) {
   if (Trame.Famille == Telechargement) {
-    return Trame.Genre == Role::Demande ? Octets{0, 0, Taille} : Octets{0, 0};
+    return Trame.Role == Role_Trame::Demande ? Octets{0, 0, Taille} : Octets{0, 0};
   }
   // State 2 grants the update, 1 is "OK", 0 ends the dialogue.
   const bool Dernier = (Trame.Type & 0x10) != 0;
-  return Trame.Genre == Role::Demande ? Octets{0, 2, Taille}
-                                      : Octets{0, static_cast<std::uint8_t>(Dernier ? 0 : 1)};
+  return Trame.Role == Role_Trame::Demande ? Octets{0, 2, Taille}
+                                           : Octets{0, static_cast<std::uint8_t>(Dernier ? 0 : 1)};
 }
 
 Octets Refus(const Trame_Recue& Trame, int Code) {
@@ -98,15 +98,13 @@ Octets Erreur_Technique_Lecteur(int Code) {
 
 bool Vaut_Accord(const Trame_Recue& Trame, std::int16_t Code, Vue_Octets Reponse,
                  std::int32_t Longueur) {
-  Longueur = static_cast<std::int32_t>(
-      std::min<std::int64_t>(Longueur, static_cast<std::int64_t>(Reponse.size())));
   if (Code != 0 || Reponse.size() < 2) {
     return false;
   }
-  if (Trame.Genre == Role::Lecture) {
+  if (Trame.Role == Role_Trame::Lecture) {
     return Longueur != 2 || Reponse[1] == 0;
   }
-  const bool Demande = Trame.Genre == Role::Demande;
+  const bool Demande = Trame.Role == Role_Trame::Demande;
   if (Trame.Famille == Telechargement) {
     return Demande ? Longueur == 3
                    : (Longueur == 1 || Longueur == 2) && (Reponse[0] != 1 || Reponse[1] == 0);

@@ -8,11 +8,11 @@
 
 enum class Famille_Trames { Telechargement, Chargement };
 
-enum class Role { Inconnu, Lecture, Demande, Bloc };
+enum class Role_Trame { Inconnu, Lecture, Demande, Bloc };
 
 /// Views into the frame that was recognised.
 struct Trame_Recue {
-  Role Genre = Role::Inconnu;
+  Role_Trame Role = Role_Trame::Inconnu;
   Famille_Trames Famille = Famille_Trames::Telechargement;
   Vue_Octets Version, Longueur;  ///< of a load request: 4 and 6 bytes
   std::uint8_t Type = 0;         ///< of a block: 0x01 first, 0x10 last, both combine
@@ -25,7 +25,7 @@ Trame_Recue Reconnaitre(Vue_Octets Trame);
 std::optional<int> Longueur_Declaree(const Trame_Recue& Trame);
 
 /// Reply capacity that the program must lend for this role, in bytes.
-std::int32_t Capacite_Voulue(Role Genre);
+std::int32_t Capacite_Voulue(Role_Trame Role);
 
 /// Taille: size byte of a load request's answer.
 Octets Accord(const Trame_Recue& Trame, std::uint8_t Taille);
@@ -35,6 +35,6 @@ Octets Refus(const Trame_Recue& Trame, int Code);
 Octets Erreur_Technique_Lecteur(int Code);
 
 /// Whether an answer, as the program received it, tells it to go on.
-/// Reponse: the whole buffer lent. Longueur: as announced, taken as the capacity when beyond it.
+/// Reponse: the whole buffer lent. Longueur: as announced, whatever the capacity.
 bool Vaut_Accord(const Trame_Recue& Trame, std::int16_t Code, Vue_Octets Reponse,
                  std::int32_t Longueur);

@@ -2,12 +2,14 @@
 // the COM port of a Wine prefix. The scenario is read again whenever its file changes, so that a
 // test can change the reader's behaviour, or plug it in again, while it runs.
 
+// The kernel's own settings of a line, whose speed is a number; termios.h knows the old codes alone.
+#include <asm/termbits.h>
 #include <fcntl.h>
 #include <poll.h>
 #include <signal.h>
 #include <stdlib.h>
 #include <sys/inotify.h>
-#include <termios.h>
+#include <sys/ioctl.h>
 #include <unistd.h>
 
 #include <filesystem>
@@ -36,6 +38,7 @@ class Terminal {
   void Brancher();
   void Debrancher();
   bool Branche() const { return Maitre_ >= 0; }
+  /// In bauds.
   int Vitesse() const;
   /// What came in within 20 ms, perhaps nothing.
   Octets Lire();
@@ -59,10 +62,10 @@ void Terminal::Brancher() {
   }
   const std::string Nom = ptsname(Maitre_);
   Esclave_ = open(Nom.c_str(), O_RDWR | O_NOCTTY);
-  termios Mode{};
-  tcgetattr(Esclave_, &Mode);
-  cfmakeraw(&Mode);
-  tcsetattr(Esclave_, TCSANOW, &Mode);
+  termios2 Mode{};
+  ioctl(Esclave_, TCGETS2, &Mode);
+  Mode.c_iflag = Mode.c_oflag = Mode.c_lflag = 0;  // bytes as they come, without echo
+  ioctl(Esclave_, TCSETS2, &Mode);
   Veille_ = inotify_init1(IN_NONBLOCK);
   inotify_add_watch(Veille_, Nom.c_str(), IN_OPEN);
   std::filesystem::remove(Lien_);
@@ -82,24 +85,16 @@ void Terminal::Debrancher() {
 }
 
 int Terminal::Vitesse() const {
-  constexpr std::pair<speed_t, int> Vitesses[] = {
-      {B1200, 1200},   {B2400, 2400},   {B4800, 4800},   {B9600, 9600},
-      {B19200, 19200}, {B38400, 38400}, {B57600, 57600}, {B115200, 115200}};
-  termios Mode{};
-  tcgetattr(Esclave_, &Mode);
-  for (const auto& [Code, Bauds] : Vitesses) {
-    if (cfgetospeed(&Mode) == Code) {
-      return Bauds;
-    }
-  }
-  return 0;
+  termios2 Mode{};
+  ioctl(Esclave_, TCGETS2, &Mode);
+  return static_cast<int>(Mode.c_ospeed);
 }
 
 /// A real port that is opened holds nothing from before; a pseudo-terminal would keep it.
 void Terminal::Vider_A_L_Ouverture() const {
   char Evenements[4096];
   if (read(Veille_, Evenements, sizeof Evenements) > 0) {
-    tcflush(Esclave_, TCIFLUSH);
+    ioctl(Esclave_, TCFLSH, TCIFLUSH);
   }
 }
 
@@ -176,6 +171,17 @@ class Programme {
     (Fichier_Trace_.is_open() ? Fichier_Trace_ : std::cout) << Ligne << std::endl;
   }
 
+  /// A file beside the scenario, or in the current directory without one.
+  std::string Lire_Voisin(const std::string& Nom) const {
+    std::ifstream Fichier(Options_.Scenario.parent_path() / Nom);
+    if (!Fichier) {
+      throw std::invalid_argument("fichier introuvable");
+    }
+    std::ostringstream Contenu;
+    Contenu << Fichier.rdbuf();
+    return Contenu.str();
+  }
+
   void Relire_Scenario() {
     std::ostringstream Texte;
     if (!Options_.Scenario.empty()) {
@@ -186,7 +192,8 @@ class Programme {
       return;
     }
     Texte_ = Texte.str();
-    const auto Lu = Lire_Scenario(Texte_);
+    const auto Lu =
+        Lire_Scenario(Texte_, [this](const std::string& Nom) { return Lire_Voisin(Nom); });
     for (const auto& Erreur : Lu.Erreurs) {
       Tracer("SCENARIO: " + Erreur);
     }
@@ -205,12 +212,13 @@ class Programme {
     if (Reponse.Debranche) {
       return Debrancher();
     }
-    for (const auto& Morceau : Reponse.Morceaux) {
-      if (&Morceau != &Reponse.Morceaux.front()) {
-        usleep(static_cast<useconds_t>(Serie_.Delai_Morceaux_Ms) * 1000);
-      }
-      Terminal_.Ecrire(Morceau);
-      Tracer("émis : " + std::to_string(Morceau.size()) + " octets");
+    for (std::size_t i = 0; i < Reponse.Morceaux.size(); ++i) {
+      const int Delai_Ms = !Reponse.Delais_Ms.empty() ? Reponse.Delais_Ms[i]
+                           : i > 0                    ? Serie_.Delai_Morceaux_Ms
+                                                      : 0;
+      usleep(static_cast<useconds_t>(Delai_Ms) * 1000);
+      Terminal_.Ecrire(Reponse.Morceaux[i]);
+      Tracer("émis : " + std::to_string(Reponse.Morceaux[i].size()) + " octets");
     }
   }
 
