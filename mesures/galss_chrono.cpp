@@ -7,7 +7,7 @@
 #include <cstring>
 #include <fstream>
 
-#include "platform/windows/Poignee.h"
+#include "windows/systeme/Poignee.h"
 
 namespace {
 

@@ -22,6 +22,7 @@ struct Galss_Immediate : Bibliotheque_Galss {
 
 struct Transfert_Immediat : Poste_De_Test {
   explicit Transfert_Immediat(std::size_t Taille) {
+    Ecran.Ne_Plus_Regarder();
     Disque.Poser(Chemin, Contenu(Taille));
     Demarrer();
     App.Globales.Version_Requete = "0000";

@@ -1,7 +1,7 @@
 #pragma once
-// A machine for tests: every interface of the program has its double here. Time jumps, windows have
-// no peers, the reader is the simulated one. Every call passes through Pannes, which counts it and
-// may make it fail.
+// A machine for tests: every interface of the program has its double here. Time jumps, the windows'
+// peers are witnesses, the reader is the simulated one. The calls that may fail pass through Pannes, and
+// what they do goes to its chronicle.
 
 #include <algorithm>
 #include <deque>
@@ -19,18 +19,20 @@
 #include "platform/Texte.h"
 #include "simulator/Galss_Simulee.h"
 #include "simulator/Lecteur_Serie.h"
+#include "tests/Temoins.h"
 
 /// Quitter: goes through every handler, like the end of the process would.
 struct Programme_Arrete {};
 
 struct Pannes {
-  int Appels = 0;
-  /// Called with each platform call's name and rank; may throw.
+  int Appels = 0;  // of those that may fail, and of the yields; none that tells the time or closes
+  /// Called with each such call's name and its rank among them, before it has any effect; may throw.
   std::function<void(std::string_view Appel, int Rang)> Avant;
   void Passer(std::string_view Appel) {
     ++Appels;
     if (Avant) Avant(Appel, Appels);
   }
+  Chronique Faits;
 };
 
 struct Horloge_De_Test : Horloge {
@@ -47,20 +49,54 @@ struct Horloge_De_Test : Horloge {
 struct Ecran_De_Test : Fenetrage {
   explicit Ecran_De_Test(Horloge_De_Test& H, Pannes& P) : Temps(H), Pannes_(P) {}
 
-  Pair_Fenetre* Creer(Fenetre&) override { return nullptr; }
-  Reponse Boite_Message(std::string_view Texte, Boutons Choix, Icone, std::string_view Titre) override {
-    Boites.push_back(std::string(Titre) + " | " + std::string(Texte));
+  /// From now on the windows have witnesses.
+  void Regarder(Fenetres& F) {
+    for (const Ligne_Disposition& L : Disposition(F)) Controles_.try_emplace(&L.C, Pannes_.Faits, L);
+    for (const auto& [Une, Nom] : Fenetres_Nommees(F)) {
+      Fenetres_.try_emplace(Une, Pannes_.Faits, Controles_, Nom, *Une);
+    }
+  }
+  void Ne_Plus_Regarder() {
+    Fenetres_.clear();
+    Pannes_.Faits.Muette = true;
+  }
+  /// The operator looks: every window shows what its model holds.
+  void Verifier() {
+    if (std::exchange(Deja_Vus_, Pannes_.Faits.Nombre()) == Pannes_.Faits.Nombre()) return;
+    for (auto& [Un, Temoin] : Controles_) Temoin.Verifier();
+    for (auto& [Une, Temoin] : Fenetres_) Temoin.Verifier();
+  }
+  Pair_Fenetre* Creer(Fenetre& Modele) override {
+    Pannes_.Passer("Creer");
+    const auto Trouvee = Fenetres_.find(&Modele);
+    if (Trouvee == Fenetres_.end()) return nullptr;
+    Trouvee->second.Naitre();
+    return &Trouvee->second;
+  }
+  Reponse Boite_Message(std::string_view Texte, Boutons Choix, Icone Dessin, std::string_view Titre) override {
+    constexpr const char* Icones[] = {"", " | question", " | exclamation"};
+    Boites.push_back(std::string(Titre) + " | " + std::string(Texte) + Icones[static_cast<int>(Dessin)] +
+                     (Choix == Boutons::Oui_Non ? " | oui, non" : ""));
+    Pannes_.Faits.Noter("[" + Lisible(Boites.back()) + "]");
+    Verifier();
     Pannes_.Passer("Boite_Message");
     if (A_La_Boite) A_La_Boite();
     return Choix == Boutons::Ok ? Reponse::Ok : Confirmation;
   }
   void Traiter_Evenements(std::chrono::milliseconds Attente) override {
     Plus_Longue = std::max(Plus_Longue, Attente);
-    Temps.Maintenant += std::chrono::duration<double>(Attente).count();
+    const double Secondes = std::chrono::duration<double>(Attente).count();
+    Temps.Maintenant += Secondes;
+    Pannes_.Faits.Attendre(Secondes);
+    Verifier();
     Pannes_.Passer("Traiter_Evenements");
     if (Au_Repos) Au_Repos();
   }
-  [[noreturn]] void Quitter() override { throw Programme_Arrete(); }
+  void Tenir_Eveille(bool Oui) override { Eveille = Oui; }
+  [[noreturn]] void Quitter() override {
+    Pannes_.Faits.Noter("fin");
+    throw Programme_Arrete();
+  }
 
   Horloge_De_Test& Temps;
   Pannes& Pannes_;
@@ -68,16 +104,29 @@ struct Ecran_De_Test : Fenetrage {
   Reponse Confirmation = Reponse::Oui;
   std::function<void()> A_La_Boite, Au_Repos;
   std::chrono::milliseconds Plus_Longue{0};
+  bool Eveille = false;
+
+ private:
+  Temoin_Fenetre::Temoins Controles_;
+  std::map<const Fenetre*, Temoin_Fenetre> Fenetres_;
+  std::size_t Deja_Vus_ = 0;
 };
 
 struct Disque_De_Test : Systeme_Fichiers {
   explicit Disque_De_Test(Pannes& P) : Pannes_(P) {}
 
   struct Lecteur_Fichier : Fichier_Ouvert {
-    Lecteur_Fichier(Disque_De_Test& D, std::string C) : Disque(D), Chemin(std::move(C)) { ++Disque.Ouverts; }
-    ~Lecteur_Fichier() override { --Disque.Ouverts; }
+    Lecteur_Fichier(Disque_De_Test& D, std::string C) : Disque(D), Chemin(std::move(C)) {
+      Disque.Pannes_.Faits.Noter("ouvre " + Chemin);
+      ++Disque.Ouverts;
+    }
+    ~Lecteur_Fichier() override {
+      Disque.Pannes_.Faits.Noter("ferme " + Chemin);
+      --Disque.Ouverts;
+    }
     void Lire(std::span<std::uint8_t> Donnees) override {
       Disque.Pannes_.Passer("Lire");
+      Disque.Pannes_.Faits.Noter("lit " + std::to_string(Donnees.size()));
       const Octets& Contenu = Disque.Trouver(Chemin);
       if (Place + Donnees.size() > Contenu.size()) throw Erreur(62, "Lecture au-delà de la fin");
       std::copy_n(Contenu.begin() + static_cast<std::ptrdiff_t>(Place), Donnees.size(), Donnees.begin());
@@ -150,6 +199,7 @@ struct Profil_De_Test : Profil_Prive {
   void Ecrire(std::string_view Chemin, std::string_view Section, std::string_view Cle, Vue_Octets Valeur) override {
     Pannes_.Passer("Ecrire_Profil");
     Valeurs[Lieu(Chemin, Section, Cle)] = Octets(Valeur.begin(), Valeur.end());
+    Pannes_.Faits.Noter("réglages " + Texte_De_Cp1252(Valeur));
   }
   static std::string Lieu(std::string_view Chemin, std::string_view Section, std::string_view Cle) {
     return std::string(Chemin) + "|" + std::string(Section) + "|" + std::string(Cle);
@@ -166,7 +216,10 @@ struct Processus_De_Test : Liste_Processus {
     Pannes_.Passer("Lister");
     return Actifs;
   }
-  void Terminer(std::uint32_t Id) override { Termines.push_back(Id); }
+  void Terminer(std::uint32_t Id) override {
+    Termines.push_back(Id);
+    Pannes_.Faits.Noter("termine " + std::to_string(Id));
+  }
 
   Pannes& Pannes_;
   std::vector<Processus> Actifs;
@@ -181,6 +234,7 @@ struct Port_De_Test : Port_Serie {
     Pannes_.Passer("Regler");
     Reglages_ = R;
     Conversation.push_back("= " + Reglages_);
+    Pannes_.Faits.Noter("port " + Reglages_);
   }
   std::string Reglages() const override { return Reglages_; }
   void Ouvrir() override {
@@ -188,14 +242,18 @@ struct Port_De_Test : Port_Serie {
     if (Ouvert_) throw Erreur(Numero_Erreur::Port_Deja_Ouvert, "Port déjà ouvert");
     if (Absent) throw Erreur(Numero_Erreur::Port_Inexistant, "Port inexistant");
     Ouvert_ = true;
+    Pannes_.Faits.Noter("port ouvert");
   }
-  void Fermer() override { Ouvert_ = false; }
+  void Fermer() override {
+    if (std::exchange(Ouvert_, false)) Pannes_.Faits.Noter("port fermé");
+  }
   bool Ouvert() const override { return Ouvert_; }
   void Ecrire(Vue_Octets Donnees) override {
     Exiger_Ouvert("Ecrire_Port");
     std::string Trame = ">";
     for (const auto Octet : Donnees) Trame += " " + Hexadecimal(Octet);
     Conversation.push_back(Trame);
+    Pannes_.Faits.Noter(Trame);
     if (Repondre) Repondre(Donnees, Reglages_);
   }
   std::size_t En_Attente() override {
@@ -217,8 +275,10 @@ struct Port_De_Test : Port_Serie {
   void Brancher(Lecteur_Serie& Lecteur, double Entre_Morceaux) {
     Repondre = [this, &Lecteur, Entre_Morceaux](Vue_Octets Trame, const std::string& Reglages) {
       double Delai = 0;
-      for (auto& Morceau : Lecteur.Recevoir(Trame, std::atoi(Reglages.c_str())).Morceaux) {
-        Envoyer(std::move(Morceau), Delai += Entre_Morceaux);
+      auto Reponse = Lecteur.Recevoir(Trame, std::atoi(Reglages.c_str()));
+      for (std::size_t I = 0; I < Reponse.Morceaux.size(); ++I) {
+        Delai += Reponse.Delais_Ms.empty() ? Entre_Morceaux : Reponse.Delais_Ms[I] / 1000.0;
+        Envoyer(std::move(Reponse.Morceaux[I]), Delai);
       }
     };
   }
@@ -239,9 +299,11 @@ struct Port_De_Test : Port_Serie {
 
 /// The simulated reader, overheard.
 struct Galss_De_Test : Galss_Simulee {
-  using Galss_Simulee::Galss_Simulee;
+  Galss_De_Test(Lecteur_Simule& Lecteur, Pannes& P) : Galss_Simulee(Lecteur), Pannes_(P) {}
   std::int16_t Echange(std::int16_t Session, std::int16_t Nombre, Octets& Commande, std::int32_t& Longueur_Commande,
                        Octets& Reponse, std::int32_t& Longueur_Reponse) override {
+    constexpr const char* Roles[] = {"trame inconnue", "lecture", "demande", "bloc"};
+    Pannes_.Faits.Noter(Roles[static_cast<int>(Reconnaitre(Commande).Role)]);
     const Octets Envoyee = Apres_Echange ? Commande : Octets();
     const auto Code = Galss_Simulee::Echange(Session, Nombre, Commande, Longueur_Commande, Reponse, Longueur_Reponse);
     if (Apres_Echange) Apres_Echange(Envoyee, Code, Reponse, Longueur_Reponse);
@@ -249,15 +311,28 @@ struct Galss_De_Test : Galss_Simulee {
   }
   /// Told of every exchange that returned: the command as sent, then what came back.
   std::function<void(Vue_Octets, std::int16_t, Vue_Octets, std::int32_t)> Apres_Echange;
+
+  Pannes& Pannes_;
 };
 
 /// The whole program on its machine, started by Demarrer.
 struct Poste_De_Test {
-  explicit Poste_De_Test(std::string_view Texte_Scenario = "") : Lecteur(Scenario_De(Texte_Scenario)) {
-    Lecteur.Avant_Appel = [this](Cible, int) { Pannes_.Passer("Galss"); };
+  explicit Poste_De_Test(std::string_view Texte_Scenario = "", const Lecture_Fichier& Lire = {})
+      : Lecteur(Scenario_De(Texte_Scenario, Lire)) {
+    Ecran.Regarder(App.F);
+    Lecteur.Avant_Appel = [this](Cible Operation, int) {
+      if (Operation != Cible::Echange)
+        Pannes_.Faits.Noter(std::string(Noms_Cibles.at(static_cast<std::size_t>(Operation))));
+      Pannes_.Passer("Galss");
+    };
   }
-  void Demarrer() { App.Demarrer(); }
+  void Demarrer() { App.Form_Load(); }
   std::string Pane() const { return App.F.FMain.TxtDetails.Texte(); }
+  /// What happened since the last call.
+  std::string Faits() {
+    Ecran.Verifier();
+    return Pannes_.Faits.Prendre();
+  }
 
   Pannes Pannes_;
   Horloge_De_Test Temps;
@@ -267,7 +342,7 @@ struct Poste_De_Test {
   Processus_De_Test Processus{Pannes_};
   Port_De_Test Port{Temps, Pannes_};
   Lecteur_Simule Lecteur;
-  Galss_De_Test Galss{Lecteur};
+  Galss_De_Test Galss{Lecteur, Pannes_};
   Application App{Machine{Galss, Processus, Profil, Disque, Port, Temps, Ecran}};
 };
 

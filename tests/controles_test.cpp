@@ -8,18 +8,23 @@
 namespace {
 
 struct Pair_De_Test : Pair_Fenetre {
-  void Actualiser(Propriete Quoi) override { Vu += static_cast<char>('0' + static_cast<int>(Quoi)); }
+  void Actualiser(Propriete Quoi) override {
+    Vu += static_cast<char>('0' + static_cast<int>(Quoi));
+    if (Quoi != Propriete::Active && --Bons == 0) throw std::bad_alloc();
+  }
   void Repeindre() override { Vu += 'P'; }
   void Montrer() override { Vu += 'M'; }
   void Premier_Plan() override { Vu += 'A'; }
   void Detruire() override { Vu += 'D'; }
   std::string Vu;
+  int Bons = -1;  // changes followed before one that cannot be
 };
 
 struct Controles_Test : testing::Test {
   struct Ecran_Natif : Ecran_De_Test {
     using Ecran_De_Test::Ecran_De_Test;
     Pair_Fenetre* Creer(Fenetre& F) override {
+      Ecran_De_Test::Creer(F);
       for (Controle* Un : F.Controles()) Un->Attacher(&Pair);
       return &Pair;
     }
@@ -63,6 +68,59 @@ TEST_F(Controles_Test, Le_Pair_Apprend_Chaque_Changement) {
   F.FrmAnimCharg.Montrer();
   F.FrmAnimCharg.Fermer_Par_Cadre();
   EXPECT_TRUE(F.FrmAnimCharg.Ouverte()) << "no close box";
+}
+
+// "OK" of the About box enables the main window, whatever stands in front of it.
+TEST_F(Controles_Test, Une_Fenetre_Couverte_Est_Hors_De_Portee) {
+  int Actions = 0;
+  auto& M = F.FMain;
+  M.CmdQuitter.Clic = M.MnApropos.Clic = M.Fermeture = M.OptManuel.Clic = [&] { ++Actions; };
+  const auto Agir = [&] {
+    M.CmdQuitter.Cliquer();
+    M.MnApropos.Cliquer();
+    M.Fermer_Par_Cadre();
+    M.OptManuel.Choisir();
+    return std::exchange(Actions, 0);
+  };
+  M.Montrer();
+  F.FrmAnimCharg.Montrer();
+  F.FrmResultParam.Montrer();
+  M.Active(true);
+  EXPECT_EQ(Agir(), 0);
+  F.FrmAnimCharg.Fermer();
+  F.FrmAnimCharg.Fermer();
+  EXPECT_EQ(Agir(), 0) << "the other one is still open";
+  Vu();
+  F.FrmResultParam.Decharger();
+  EXPECT_EQ(Vu(), "3D") << "within reach before the window in front goes";
+  EXPECT_EQ(Agir(), 4);
+}
+
+// A window fails to be made, or at any step of its loading.
+TEST_F(Controles_Test, Une_Fenetre_Qui_Echoue_N_Enferme_Personne) {
+  F.FMain.Montrer();
+  for (Fenetre* Une : {static_cast<Fenetre*>(&F.FrmAnimCharg), static_cast<Fenetre*>(&F.FrmResultParam)}) {
+    Une->Dechargement = [] { FAIL() << "it was never loaded"; };
+    P.Avant = [](auto, int) { throw std::bad_alloc(); };
+    EXPECT_THROW(Une->Montrer(), std::bad_alloc);
+    P.Avant = {};
+    bool Montree = false;
+    for (int Bons = 1; !Montree; ++Bons) {
+      EXPECT_TRUE(!Une->Ouverte() && F.FMain.Active() && F.FMain.A_Portee()) << Bons;
+      Ecran.Pair.Bons = Bons;
+      try {
+        Une->Montrer();
+        Montree = true;
+      } catch (const std::bad_alloc&) {
+        ASSERT_LT(Bons, 20);
+      }
+      Ecran.Pair.Bons = -1;
+    }
+    EXPECT_FALSE(F.FMain.A_Portee());
+    Une->Dechargement = {};
+    Une->Decharger();
+    F.FMain.Active(true);
+  }
 }
 
 TEST_F(Controles_Test, Listes_Hors_De_Leurs_Bornes) {

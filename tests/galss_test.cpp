@@ -14,35 +14,50 @@ namespace {
 struct Galss_Dictee : Bibliotheque_Galss {
   struct Dictee {
     int Code = 0;
-    Octets Donnees = {};
-    int Longueur = -2;  // -2: that of Donnees
+    Octets Donnees = {};  // of the reply; or written over each name lent
+    int Longueur = -2;    // announced; -2: that of Donnees
   };
   using Suite = std::deque<Dictee>;
   std::int16_t OuvrirSession(Octets& Application, Octets& LAD, std::int16_t& Session, std::int16_t&) override {
-    EXPECT_EQ(Texte_De_Cp1252(Application), "Téléchargement");
     Session = Numero;
-    return Noter("ouvrir " + Texte_De_Cp1252(LAD));
+    return Noter("ouvrir ", {&Application, &LAD});
   }
-  std::int16_t DebutExclusivite(Octets& Texte, Octets&, Octets& LAD, std::int16_t& Exclusivite) override {
+  std::int16_t DebutExclusivite(Octets& Texte, Octets& Application, Octets& LAD, std::int16_t& Exclusivite) override {
     Exclusivite = 9;
-    return Noter("exclusivité " + Texte_De_Cp1252(Texte) + " " + Texte_De_Cp1252(LAD));
+    return Noter("exclusivité ", {&Texte, &Application, &LAD});
   }
   std::int16_t Echange(std::int16_t, std::int16_t, Octets& Commande, std::int32_t& Longueur, Octets& Reponse,
                        std::int32_t& Recus) override {
-    EXPECT_TRUE(Longueur >= 0 && Longueur <= std::ssize(Commande) && Recus >= 0 && Recus <= std::ssize(Reponse));
+    const auto Bornee = [](std::int64_t L, const Octets& T) {
+      return static_cast<std::int32_t>(std::clamp<std::int64_t>(L, 0, std::ssize(T)));
+    };
+    const bool Seconde = std::exchange(Apres_64, false);
+    if (Seconde) {
+      EXPECT_EQ(std::tie(Commande, Longueur, Reponse, Recus), Laisses) << "as the first call left them, bounded";
+    }
     Commandes.push_back(Commande);
     const Dictee D = Prochaine();
     std::copy_n(D.Donnees.begin(), std::min(D.Donnees.size(), Reponse.size()), Reponse.begin());
     Recus = D.Longueur == -2 ? static_cast<int>(D.Donnees.size()) : D.Longueur;
+    if ((Apres_64 = D.Code == 64 && !Seconde)) {
+      Commande.back() = 0xEE;
+      Longueur = Recus;
+      Laisses = {Commande, Bornee(Longueur, Commande), Reponse, Bornee(Recus, Reponse)};
+    }
     return static_cast<std::int16_t>(D.Code);
   }
   std::int16_t FinExclusivite(std::int16_t Exclusivite) override { return Noter("fin " + std::to_string(Exclusivite)); }
   std::int16_t FermerSession(std::int16_t Session, std::int16_t& Exclusivite) override {
     return Noter("fermer " + std::to_string(Session) + " " + std::to_string(Exclusivite));
   }
-  std::int16_t Noter(const std::string& Appel) {
+  std::int16_t Noter(std::string Appel, const std::vector<Octets*>& Noms = {}) {
+    const Dictee D = Prochaine();
+    for (Octets* Nom : Noms) {
+      Appel += (Nom == Noms.front() ? "" : " ") + Texte_De_Cp1252(*Nom);
+      std::copy_n(D.Donnees.begin(), std::min(D.Donnees.size(), Nom->size()), Nom->begin());
+    }
     Conversation += Appel + "; ";
-    return static_cast<std::int16_t>(Prochaine().Code);
+    return static_cast<std::int16_t>(D.Code);
   }
   Dictee Prochaine() {
     if (Reponses.empty()) return {};
@@ -54,6 +69,8 @@ struct Galss_Dictee : Bibliotheque_Galss {
   Suite Reponses;
   std::string Conversation;
   std::vector<Octets> Commandes;
+  bool Apres_64 = false;
+  std::tuple<Octets, std::int32_t, Octets, std::int32_t> Laisses;
 };
 
 const std::string Exclusif = "LAD pris en exclusivité par une autre application";
@@ -76,18 +93,26 @@ struct Galss_Test : testing::Test, Poste_De_Test {
 };
 
 TEST_F(Galss_Test, Connexion) {
-  const std::string Trois_Noms = "ouvrir Log_SV; ouvrir LOG_SV; ouvrir log_SV; ";
+  const std::string T = "Téléchargement ", Une = "ouvrir " + T + "Log_SV; ", Deux = Une + "ouvrir " + T + "LOG_SV; ",
+                    Trois = Deux + "ouvrir " + T + "log_SV; ", Reussie = "Connexion Réussie.";
   const struct {
     Galss_Dictee::Suite Codes;
     int Session, Resultat;
     std::string Conversation, Message;
-  } Cas[] = {{{}, 3, 0, "ouvrir Log_SV; exclusivité 3:1 Log_SV; ", "Connexion Réussie."},
-             {{{8192}}, -5, 0, "ouvrir Log_SV; ouvrir LOG_SV; exclusivité -5:1 LOG_SV; ", "Connexion Réussie."},
-             {{{8192}, {8192}}, 3, 0, Trois_Noms + "exclusivité 3:1 log_SV; ", "Connexion Réussie."},
-             {{{8192}, {8192}, {8192}}, 3, 8192, Trois_Noms, "Erreur GALSS 8192 : avant"},
-             {{{8192}, {4096}}, 3, 4096, "ouvrir Log_SV; ouvrir LOG_SV; ", Inconnue},
-             {{{4096}}, 3, 4096, "ouvrir Log_SV; ", Inconnue},
-             {{{0}, {4}}, 12, 4, "ouvrir Log_SV; exclusivité 12:1 Log_SV; ", "Erreur GALSS 4 : " + Exclusif}};
+  } Cas[] = {{{}, 3, 0, Une + "exclusivité 3:1 " + T + "Log_SV; ", Reussie},
+             {{{8192}}, -5, 0, Deux + "exclusivité -5:1 " + T + "LOG_SV; ", Reussie},
+             {{{8192}, {8192}}, 3, 0, Trois + "exclusivité 3:1 " + T + "log_SV; ", Reussie},
+             {{{8192}, {8192}, {8192}}, 3, 8192, Trois, "Erreur GALSS 8192 : avant"},
+             {{{8192}, {4096}}, 3, 4096, Deux, Inconnue},
+             {{{4096}}, 3, 4096, Une, Inconnue},
+             {{{0}, {4}}, 12, 4, Une + "exclusivité 12:1 " + T + "Log_SV; ", "Erreur GALSS 4 : " + Exclusif},
+             // The library writes over the names: only the LAD is spelled anew.
+             {{{8192, {'A', 0xC9}}, {0, {'B'}}, {0, {'C'}}},
+              3,
+              0,
+              Une + "ouvrir AÉléchargement LOG_SV; exclusivité 3:1 BÉléchargement BOG_SV; ",
+              Reussie},
+             {{}, 3, 0, Une + "exclusivité 3:1 " + T + "Log_SV; ", Reussie}};
   for (const auto& C : Cas) {
     Dicter(C.Codes);
     Dictee.Numero = static_cast<std::int16_t>(C.Session);
@@ -185,6 +210,7 @@ TEST_F(Galss_Test, Reponses_Aux_Trames) {
       {Lecture, {{64}, {64}}, 64, -7, Galss_64},
       {Lecture, {{0, {0, 52}}}, 52, -7, "Erreur de Téléchargement 52:Format de logiciel incorrect"},
       {Lecture, {{0, {0, 0}}}, 0, -7, "Erreur de Téléchargement 0:avant"},
+      {Lecture, {{0, {0, 52}, 3}}, 0, -7, "avant"},
       {Lecture, {{0, {}, 99999}}, 0, -7, "avant"},
       {Lecture, {{64, {}, 99999}, {0, {}, -7}}, 0, -7, "avant"},
       {Demande_T, {{0, {7, 7, 4}}}, 0, 4096, "avant"},
@@ -192,7 +218,8 @@ TEST_F(Galss_Test, Reponses_Aux_Trames) {
       {Demande_T, {{0, {9, 0}}}, 0, -7, "Erreur de Téléchargement 0:avant"},
       {Demande_T, {{1024, {}, 0}}, -1, -7, Galss_1},
       {Demande_T, {{512, {}, 3}}, 512, -7, "Erreur GALSS 512 : Erreur protocole"},
-      {Demande_T, {{0, {1, 2, 4}, 4}}, 0, 4096, "avant"},
+      {Demande_T, {{0, {1, 2, 4}, 4}}, -1, -7, Galss_1},
+      {Demande_T, {{0, {1, 2, 4}, 99999}}, -1, -7, Galss_1},
       {Demande_T, {{0, {1, 2, 4}, -3}}, -1, -7, Galss_1},
       {Demande_T, {{64, {1, 2, 9}, 3}, {0, {1, 2, 4}}}, 0, 4096, "avant"},
       {Demande_T, {{64, {}, 3}, {64, {}, 3}}, 64, -7, Galss_64},
@@ -201,7 +228,8 @@ TEST_F(Galss_Test, Reponses_Aux_Trames) {
       {Bloc_T, {{0, {1, 53}}}, 53, -7, "Erreur de Téléchargement 53:Taille de logiciel incorrecte"},
       {Bloc_T, {{0, {1}}}, 32, -7, "Erreur de Téléchargement 32:avant"},
       {Bloc_T, {{0, {}, 0}}, -1, -7, Galss_1},
-      {Bloc_T, {{0, {0, 0}, 99999}}, 0, -7, "avant"},
+      {Bloc_T, {{0, {0, 0}, 3}}, -1, -7, Galss_1},
+      {Bloc_T, {{64, {7, 7}, 99999}, {0, {}, 2}}, 0, -7, "avant"},
       {Bloc_T, {{0, {0, 0}, -1}}, -1, -7, Galss_1},
       {Bloc_T, {{2, {}, 2}}, 2, -7, "Erreur GALSS 2 : Plus de ressource dans la table des gestionnaires"},
       {Demande_C, {{0, {0, 2, 2}}}, 0, 2048, "Etat Final2 : Accord de mise à jour"},

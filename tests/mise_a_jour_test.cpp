@@ -22,12 +22,12 @@ Octets Reponse_De(const std::string& Type, const std::string& OS, const std::str
 TEST(Decision, Reponse_Trop_Courte_Ou_Vide) {
   Variables_Globales V;
   for (const Octets& Reponse : {Octets{}, Octets(2048, ' '), Octets{0, 52}}) {
-    EXPECT_EQ(Decider_Chargement(Reponse, {}, V).Issue, Issue::Terminal_Refuse);
+    EXPECT_EQ(Decider_Chargement(Reponse, {}, V).Issue, Issue_Decision::Terminal_Refuse);
   }
 }
 
 TEST(Decision, Regles) {
-  using enum Issue;
+  using enum Issue_Decision;
   const bool Auto = true, Manuel = false, Oui = true, Non = false;
   // Mode, reader, its OS and version, kernel and application chosen or not, their versions, then what
   // is expected: issue, files in the order of the list, family.
@@ -36,7 +36,7 @@ TEST(Decision, Regles) {
     std::string Type, OS, Version;
     bool K, A;
     std::string VN, VA;
-    Issue Quoi;
+    Issue_Decision Quoi;
     std::string Ordre;
     bool Chargement;
   } Cas[] = {
@@ -69,15 +69,15 @@ TEST(Decision, Regles) {
       {Auto, Bifente_A, "03", "0199", Oui, Oui, "03", "0200", A_Charger, "KA", false},
       {Auto, Bifente_A, "03", "0200", Oui, Oui, "03", "0201", A_Charger, "KA", true},
       {Auto, Bifente_B, "04", "0200", Non, Oui, "", "0201", A_Charger, "A", true},
-      {Manuel, Elite, "03", "0127", Non, Oui, "03", "0127", A_Charger, "A", false},   // M1
-      {Manuel, Elite, "03", "0127", Non, Non, "01", "0127", A_Charger, "A", false},   // M1 before M2
-      {Manuel, Elite, "03", "0127", Oui, Non, "01", "0130", A_Charger, "K", false},   // M2
-      {Manuel, Elite, "03", "0127", Oui, Oui, "01", "0127", A_Charger, "KA", false},  // M3
-      {Manuel, Elite, "03", "0127", Oui, Oui, "03", "0130", A_Charger, "KA", false},  // M4
-      {Manuel, Elite, "03", "0127", Oui, Non, "03", "0130", A_Charger, "KA", false},  // M4
-      {Manuel, Elite, "03", "0127", Oui, Oui, "03", "0127", A_Charger, "A", false},   // M5
-      {Manuel, Elite, "03", "0127", Oui, Oui, "01", "0130", A_Charger, "K", false},   // M5
-      {Manuel, Elite, "03", "0127", Non, Oui, "01", "0126", A_Charger, "K", false},   // M5
+      {Manuel, Elite, "03", "0127", Non, Oui, "03", "0127", A_Charger, "A", false},   // application alone
+      {Manuel, Elite, "03", "0127", Non, Non, "01", "0127", A_Charger, "A", false},   // application before kernel
+      {Manuel, Elite, "03", "0127", Oui, Non, "01", "0130", A_Charger, "K", false},   // kernel alone
+      {Manuel, Elite, "03", "0127", Oui, Oui, "01", "0127", A_Charger, "KA", false},  // both of the first generation
+      {Manuel, Elite, "03", "0127", Oui, Oui, "03", "0130", A_Charger, "KA", false},  // both later
+      {Manuel, Elite, "03", "0127", Oui, Non, "03", "0130", A_Charger, "KA", false},  // both later
+      {Manuel, Elite, "03", "0127", Oui, Oui, "03", "0127", A_Charger, "A", false},   // the one of the first generation
+      {Manuel, Elite, "03", "0127", Oui, Oui, "01", "0130", A_Charger, "K", false},   // the one of the first generation
+      {Manuel, Elite, "03", "0127", Non, Oui, "01", "0126", A_Charger, "K", false},   // the one of the first generation
       {Manuel, Elite, "03", "0127", Oui, Non, "02", "0126", Chargement_Interdit_650, "", false},
       {Manuel, Elite, "03", "0127", Non, Oui, "02", "0130", Chargement_Interdit_650, "", false},
       {Manuel, Bifente_A, "03", "0130", Non, Oui, "09", "0127", Chargement_Interdit_Bifente, "", false},
@@ -91,12 +91,13 @@ TEST(Decision, Regles) {
   int Rang = 0;
   for (const auto& C : Cas) {
     SCOPED_TRACE(Rang++);
-    for (const bool Avant : {false, true}) {
+    // A list without a text, as after the start-up, chooses no more than "Pas de mise à jour".
+    for (const auto& [Avant, Rien] : {std::pair{false, Aucune}, {true, std::string()}}) {
       Variables_Globales V;
       V.Version_Noyau = C.VN;
       V.Version_Appli = C.VA;
       V.Noyau_Et_Appli = Avant;
-      const std::string K = C.K ? "noyau" : Aucune, A = C.A ? "appli" : Aucune, Fin = C.Automatique ? "\n\r" : "\r\n";
+      const std::string K = C.K ? "noyau" : Rien, A = C.A ? "appli" : Rien, Fin = C.Automatique ? "\n\r" : "\r\n";
       const auto R = Decider_Chargement(Reponse_De(C.Type, C.OS, C.Version), {C.Automatique, K, A}, V);
       std::string Liste;
       for (const char Lettre : C.Ordre) Liste += (Lettre == 'K' ? K : A) + Fin;
@@ -104,7 +105,7 @@ TEST(Decision, Regles) {
       EXPECT_EQ(R.Liste_Fichiers, Liste);
       EXPECT_EQ(R.Charger_Noyau, C.Ordre.find('K') != std::string::npos);
       EXPECT_EQ(R.Charger_Appli, C.Ordre.find('A') != std::string::npos);
-      EXPECT_EQ(R.Famille_Transfert == Famille_Transfert::Charger_Fichier, C.Chargement);
+      EXPECT_EQ(R.Famille_Transfert == Operation_Transfert::Charger_Fichier, C.Chargement);
       EXPECT_EQ(V.Noyau_Et_Appli, C.Chargement ? C.Ordre.size() == 2 : Avant);
     }
   }
@@ -121,7 +122,7 @@ const std::string Fin = "Arrêt du Galss\r\n";
 const std::string Reussi = "Début du chargement." + H + "Chargement Réussi." + H;
 const std::string Confirmer =
     "TELECHARGER | Confirmez-vous la mise à jour du ou des fichiers ci-dessous :\r\n"
-    "Fexa0500.ing\n\rER0300.ing\n\r";
+    "Fexa0500.ing\n\rER0300.ing\n\r | question | oui, non";
 const std::string Installation = "Télécharger | Vérifiez l'installation du service SESAM-Vitale (GALSS).";
 const std::string Service =
     "Télécharger | Vérifiez le service SESAM-Vitale (GALSS)n'est pas déjà ouvert, si le service est ouvert veuillez "
@@ -163,7 +164,14 @@ TEST_F(Mise_A_Jour_Test, Noyau_Et_Application_Dans_Chaque_Famille) {
       if (Vues.empty() || Vues.back() != Vue) Vues.push_back(Vue);
       EXPECT_FALSE(FMain().Active() || Progression().PgbExe.Visible() || Progression().LblBlock.Visible());
     };
+    bool Commence = false;
+    P->Pannes_.Avant = [&](std::string_view Appel, int) {
+      Commence = Commence || Appel == "Taille";
+      EXPECT_EQ(P->Ecran.Eveille, Commence) << Appel << ": awake from the first file to the last";
+    };
     EXPECT_NEAR(Mettre_A_Jour(), (Chargement ? 24 : 25) + 7, 0.2);
+    EXPECT_FALSE(P->Ecran.Eveille);
+    P->Pannes_.Avant = {};
     const std::string Noyau = Chargement ? ". " : " Fexa0500.ing 10000 Octets.";
     const std::string Appli = Chargement ? ". " : " ER0300.ing 5000 Octets.";
     EXPECT_EQ(P->Pane(), Connecte + "Ouverture du fichier" + Noyau + "\r\n" + Reussi + "Ouverture du fichier" + Appli +
@@ -195,15 +203,17 @@ TEST_F(Mise_A_Jour_Test, Fins_Sans_Chargement) {
   const std::string Interdit = "Impossible d'effectuer la mise à jour, sous peine de rendre inutilisable le terminal";
   const std::string Texte_4096 = "Erreur GALSS 4096 : La session est inconnue\r\n";
   const struct {
-    std::string Scenario, Modes, Boite, Pane;  // modes set after the start: M, A
-    std::size_t Arrets;
+    std::string Scenario, Modes, Boite, Pane;  // modes set after the start: M, A; without the kernel: K, or the
+    std::size_t Arrets;                        // application: P
   } Cas[] = {
       {"defaut = OuvrirSession : code 4096", "", Refuse, Debut + Texte_4096 + Texte_4096 + Fin, 1},
       {"defaut = lecture : code 4096", "", Refuse, Connecte + Texte_4096 + Fin, 1},
       {"defaut = lecture : refus 52", "", Refuse,
        Connecte + "Erreur de Téléchargement 52:Format de logiciel incorrect\r\n" + Fin, 1},
       {"num_version = 0126", "", Refuse, Connecte, 0},
-      {"", "MA", Manquant, Connecte, 0},
+      {"", "KMA", Manquant, Connecte, 0},
+      {"", "K", Manquant, Connecte, 0},
+      {"", "P", Manquant, Connecte, 0},
       {Avant_200 + "num_version = 0300; type_os = 06", "", "Information | " + Rien + "répertoire",
        Connecte + Rien + "repertoire\r\narrêt du Galss\r\n", 1},
       {"", "M", "Attention | " + Interdit + " !!!", Connecte + Interdit + " !!!\r\narrêt du Galss\r\n", 1},
@@ -212,8 +222,10 @@ TEST_F(Mise_A_Jour_Test, Fins_Sans_Chargement) {
   };
   for (const auto& C : Cas) {
     SCOPED_TRACE(C.Boite);
-    Preparer(C.Scenario, C.Boite == Manquant ? 0 : 100, 100);
-    for (const char Mode : C.Modes) (Mode == 'M' ? FMain().OptManuel : FMain().OptAuto).Choisir();
+    const auto Demande = [&](char Lettre) { return C.Modes.find(Lettre) != std::string::npos; };
+    Preparer(C.Scenario, Demande('K') ? 0 : 100, Demande('P') ? 0 : 100);
+    if (Demande('M')) FMain().OptManuel.Choisir();
+    if (Demande('A')) FMain().OptAuto.Choisir();
     FMain().CmdMaj.Active(true);
     P->Ecran.Boites.clear();
     P->Ecran.Confirmation = Reponse::Non;
@@ -235,6 +247,7 @@ TEST_F(Mise_A_Jour_Test, Chargement_Refuse) {
              {Avant_200, "bloc 3 : refus 50", 3},         {Depuis_200, "bloc 3 : technique 130", 3},
              {Depuis_200, "bloc 2 : nature 26", 2},       {Avant_200, "bloc 2 : longueur 0", 2},
              {Avant_200, "bloc 1 toujours : code 64", 1}, {Avant_200, "demande : octets 00 00 00", 0},
+             {Avant_200, "demande : longueur 4", 0},      {Avant_200, "bloc 2 : longueur 3", 2},
              {Avant_200, "demande : octets 00 00", 0},    {Depuis_200, "demande : octets 00 02 00", 0}};
   for (const auto& C : Cas) {
     SCOPED_TRACE(C.Defaut);
@@ -287,6 +300,19 @@ TEST_F(Mise_A_Jour_Test, Blocs_Montres) {
   EXPECT_EQ(Vues, (std::vector<std::string>{"0 0.00000", "0 0.00000", "1 33% 33.3333", "2 66% 66.6666"}));
 }
 
+TEST_F(Mise_A_Jour_Test, Disque_Retire_Pendant_Le_Transfert) {
+  Preparer(Depuis_200, 0, 5003);
+  std::string Lectures;
+  P->Pannes_.Avant = [&](std::string_view Appel, int) {
+    if (Appel == "Lire") Lectures += Progression().LblNumBlock.Texte() + "; ";
+    if (Appel == "Galss" && Progression().Ouverte()) P->Disque.Fichiers.clear();
+  };
+  Mettre_A_Jour();
+  EXPECT_EQ(Lectures, "0; ") << "once, the progress window up";
+  EXPECT_EQ(Recu(0), Contenu(5000));
+  EXPECT_TRUE(P->Pane().ends_with(Reussi + Fin)) << P->Pane();
+}
+
 TEST_F(Mise_A_Jour_Test, Lecteur_Muet_Apres_Le_Noyau) {
   Preparer(Depuis_200 + "lectures_muettes = 20000");
   Mettre_A_Jour();
@@ -314,12 +340,14 @@ TEST_F(Mise_A_Jour_Test, Erreurs_Du_Transfert) {
     EXPECT_EQ(Mettre_A_Jour(), 0) << "no pause";
     const std::string Ligne = "Panne " + std::to_string(C.Numero) + H;
     EXPECT_TRUE(P->Pane().ends_with(Ligne + C.Fermeture + Fin)) << P->Pane();
+    EXPECT_EQ(P->Lecteur.Nombre(Cible::Demande), 0) << "nothing sent";
     EXPECT_EQ(P->Ecran.Boites.back(), C.Boite.empty() ? Confirmer : C.Boite);
     EXPECT_TRUE(P->Lecteur.Session_Ouverte()) << "no disconnection";
     EXPECT_TRUE(FMain().CmdQuitter.Active());
   }
   for (const std::size_t Taille : {1000003U, 2U}) {
     Preparer(Depuis_200, 0, Taille);
+    P->Pannes_.Avant = [](std::string_view Appel, int) { EXPECT_NE(Appel, "Lire") << "refused before it is read"; };
     Mettre_A_Jour();
     EXPECT_EQ(P->Lecteur.Nombre(Cible::Demande), 0);
     EXPECT_TRUE(P->Pane().ends_with(" 5" + H + "Fermeture du fichier." + H + Fin)) << P->Pane();

@@ -153,6 +153,13 @@ TEST_F(Selection_Test, Reglages) {
   }
 }
 
+TEST_F(Selection_Test, Blanc_Devant_Le_Repertoire) {
+  Demarrer_Sur({"E0302.ing", "Fexa0300.ing"}, " C:\\Logiciels");  // a quoted value keeps it
+  EXPECT_EQ(FMain.TxtChooseDirectory.Texte(), " C:\\Logiciels\\");
+  EXPECT_EQ(FMain.CchosseAppli.Entrees(), (Noms{"E0302.ing", Aucune}));
+  EXPECT_EQ(FMain.CchooseNoyau.Texte(), "Fexa0300.ing");
+}
+
 TEST_F(Selection_Test, Dialogue_De_Repertoire) {
   Demarrer_Sur({}, "");
   Disque.Poser("C:\\Pavorin\\Logiciels\\E0302.ing");
@@ -195,6 +202,29 @@ TEST_F(Selection_Test, Commandes_De_La_Fenetre) {
   FMain.Fermer_Par_Cadre();
   EXPECT_FALSE(FMain.Ouverte()) << "the About box keeps the program running";
   EXPECT_THROW(App.F.frmAbout.CmdOK.Cliquer(), Programme_Arrete);
+}
+
+TEST(Recherche, Se_Fait_Sous_Le_Sablier_Dans_Une_Fenetre_Deja_La) {
+  Poste_De_Test P;
+  auto& F = P.App.F;
+  P.Disque.Poser("C:\\Pavorin\\ER0300.ing");
+  int Recherches = 0;
+  Fenetre* Une = &F.FMain;
+  P.Pannes_.Avant = [&](std::string_view Appel, int) {
+    if (Appel != "Chercher") return;
+    ++Recherches;
+    EXPECT_TRUE(F.FMain.Ouverte());
+    EXPECT_EQ(Une->Souris(), Pointeur::Sablier);
+  };
+  P.Demarrer();
+  F.FMain.TxtChooseDirectory.Texte("C:\\Vide");
+  EXPECT_EQ(Recherches, 7) << "presence and two scans at the start, presence of no kind after";
+  F.FMain.CmdChooseDirectory.Cliquer();
+  Une = &F.FDossierING;
+  F.FDossierING.DirDirectory.Ouvrir_A_La_Main(0);
+  F.FDossierING.DriveLecteur.Choisir_A_La_Main(1);
+  EXPECT_GT(Recherches, 9);
+  EXPECT_TRUE(F.FMain.Souris() == Pointeur::Defaut && F.FDossierING.Souris() == Pointeur::Defaut);
 }
 
 }  // namespace

@@ -15,7 +15,8 @@ namespace {
 
 /// A program whose conversation is a text of steps: L reads the configuration; Dt sends a request
 /// and its ten digits; Bt a block, its type and its size; Kt a file of 5000 bytes at 2043 a block;
-/// c instead of t for the second family; F frees the exclusivity, X closes the session.
+/// c instead of t for the second family; F frees the exclusivity, X closes the session; ~ spoils the
+/// repetitions to come: their command (c), its length (l), the reply (r) or its length (k).
 /// Each step answers "code/length:first bytes".
 class Programme {
  public:
@@ -49,6 +50,8 @@ class Programme {
   std::string Un_Pas(const std::string& Mot) {
     const bool Seconde = Mot.size() > 1 && Mot[1] == 'c';
     switch (Mot[0]) {
+      case '~':
+        return {Gate_ = Mot[1]};
       case 'F':
         return std::to_string(Galss_.FinExclusivite(Exclusivite_));
       case 'X':
@@ -72,12 +75,19 @@ class Programme {
     Octets Reponse(Capacite, ' ');
     auto Envoi = static_cast<std::int32_t>(Trame.size()), Retour = static_cast<std::int32_t>(Capacite);
     auto Code = Galss_.Echange(Session, 0, Trame, Envoi, Reponse, Retour);
-    if (Code == 64) Code = Galss_.Echange(Session, 0, Trame, Envoi, Reponse, Retour);
+    if (Code == 64) {
+      Trame.back() ^= Gate_ == 'c';
+      Envoi -= Gate_ == 'l';
+      Reponse.back() ^= Gate_ == 'r';
+      Retour -= Gate_ == 'k';
+      Code = Galss_.Echange(Session, 0, Trame, Envoi, Reponse, Retour);
+    }
     return std::to_string(Code) + "/" + std::to_string(Retour) + ":" + Ecrire_Hexa(Vue_Octets(Reponse).first(2), 2);
   }
 
   Galss_Simulee Galss_;
   std::int16_t Exclusivite_ = 0;
+  char Gate_ = 0;
 };
 
 TEST(Simulateur, Charge_Noyau_Et_Application_Dans_Chaque_Famille) {
@@ -103,7 +113,7 @@ TEST(Simulateur, Charge_Noyau_Et_Application_Dans_Chaque_Famille) {
 }
 
 TEST(Simulateur, Condamne_Chaque_Faute) {
-  const char* const Cas[][2] = {{"Bt01:10", "bloc sans demande"},
+  const char* const Cas[][3] = {{"Bt01:10", "bloc sans demande"},
                                 {"Dc0127005000", "version"},
                                 {"Dt0000a05000", "six chiffres"},
                                 {"Dt000000500", "trame inconnue"},
@@ -121,13 +131,37 @@ TEST(Simulateur, Condamne_Chaque_Faute) {
                                 {"F L", "sans exclusivité"},
                                 {"F X L", "hors session"},
                                 {"X", "sans avoir libéré"},
-                                {"Dt0000005000 Bt01:2043 Bt01:2043", "premier bloc"}};
-  for (const auto& [Pas, Reproche] : Cas) {
-    Programme P("");
+                                {"Dt0000005000 Bt01:2043 Bt01:2043", "premier bloc"},
+                                {"Dt0000000010 Bt11:10", "après un échec", "demande 1 : longueur capacite+1"},
+                                {"Dt0000005000 Bt01:2043 Bt00:2043", "après un échec", "bloc 1 : longueur 3"},
+                                {"~c Dt0000000010", "comme il avait été", "demande 1 : code 64"},
+                                {"~l Dt0000000010", "longueur de commande", "demande 1 : code 64"},
+                                {"~r Dt0000000010", "comme il avait été", "demande 1 : code 64 octets 00 02"},
+                                {"~k Dt0000000010", "comme il avait été", "demande 1 : code 64"}};
+  for (const auto& [Pas, Reproche, Defaut] : Cas) {
+    Programme P(Defaut == nullptr ? "" : "defaut = " + std::string(Defaut));
     P.Jouer(Pas);
     ASSERT_FALSE(P.Lecteur.Fautes().empty()) << Pas;
     EXPECT_NE(P.Lecteur.Fautes().front().find(Reproche), std::string::npos) << P.Lecteur.Fautes().front();
   }
+}
+
+TEST(Simulateur, Condamne_D_Autres_Noms_Que_Ceux_Laisses) {
+  const auto Fautes = [](const char* Nom_Application, const char* Nom_LAD, const char* Nom_Exclusivite) {
+    Lecteur_Simule Lecteur(Scenario_De("defaut = OuvrirSession 1 : code 8192 noms X; lad = LOG_SV"));
+    Octets Application = Lire_Caracteres("Téléchargement"), LAD = Lire_Caracteres("Log_SV"), Texte{'3', ':', '1'};
+    std::int16_t Numero = 0, Info = 0;
+    Lecteur.OuvrirSession(Application, LAD, Numero, Info);
+    Application = Lire_Caracteres(Nom_Application), LAD = Lire_Caracteres(Nom_LAD);
+    Lecteur.OuvrirSession(Application, LAD, Numero, Info);
+    Application = Lire_Caracteres(Nom_Exclusivite);
+    Lecteur.DebutExclusivite(Texte, Application, LAD, Numero);
+    return Lecteur.Fautes().size();
+  };
+  EXPECT_EQ(Fautes("Xéléchargement", "LOG_SV", "Xéléchargement"), 0u);
+  EXPECT_EQ(Fautes("Téléchargement", "LOG_SV", "Téléchargement"), 1u);
+  EXPECT_EQ(Fautes("Xéléchargement", "XOG_SV", "Xéléchargement"), 2u) << "spelled wrong, so not opened";
+  EXPECT_EQ(Fautes("Xéléchargement", "LOG_SV", "Téléchargement"), 1u);
 }
 
 TEST(Simulateur, Chaque_Defaut_Atteint_Le_Programme) {
@@ -145,6 +179,7 @@ TEST(Simulateur, Chaque_Defaut_Atteint_Le_Programme) {
       {"bloc 1 : nature 37", "Dc0000000010 Bc11:10", "0/3:00 02; 0/2:25 00; "},
       {"bloc 1 : octets 01 02 03", "Dt0000000010 Bt11:10", "0/3:00 00; 0/3:01 02; "},
       {"bloc 1 toujours : code 64", "Dt0000000010 Bt11:10", "0/3:00 00; 64/2:20 20; "},
+      {"demande 1 : code 64 octets 00 07 09; defaut = demande 1 : vide", "Dt0000000010", "0/3:00 07; "},
       {"bloc 1 : code 64 livre noms X", "Dt0000000010 Bt11:10 L", "0/3:00 00; 0/2:00 00; 1024/2048:20 20; "},
       {"bloc 1 : code 64; defaut = bloc 1 : refus 0x97", "Dc0000000010 Bc11:10", "0/3:00 02; 0/2:00 97; "},
       {"FermerSession 1 : code 4", "F X", "0; 4; "}};

@@ -74,7 +74,7 @@ TEST_F(Test_Lecteur_Test, Lecteur_A_19200) {
   Tester("vitesses = 19200");
   EXPECT_EQ(Port.Conversation, (std::vector<std::string>{"= 9600,n,8,1", Trame_Test, "= 19200,n,8,1", Trame_Test,
                                                          Trame_Test, Trame_Config}));
-  EXPECT_EQ(Ecran.Boites, std::vector<std::string>{"Attention | Attention vous etes en 19200 Bauds!!"});
+  EXPECT_EQ(Ecran.Boites, std::vector<std::string>{"Attention | Attention vous etes en 19200 Bauds!! | exclamation"});
   EXPECT_EQ(Reglages_Montres(), "19200 bauds|n|8|1");
   Verifier_Succes();
 }
@@ -117,7 +117,7 @@ TEST_F(Test_Lecteur_Test, Erreurs_De_La_Ligne) {
     Tester(std::string("date = 2005") + Mois + "13");
     EXPECT_EQ(Pane(), std::string("Erreur n° : ") + Numero + "\r\nErreur : ") << Mois;
     EXPECT_FALSE(Fiche.Ouverte());
-    EXPECT_TRUE(Port.Ouvert()) << "an error leaves the port as it is";
+    EXPECT_FALSE(Port.Ouvert()) << "the line is GALSS's too";
     Tester();
     Verifier_Succes();
   }

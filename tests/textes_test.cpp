@@ -85,10 +85,13 @@ TEST(Ligne_De_Commande, Un_Port_Ou_Un_Avertissement) {
   for (const auto& [Arguments, Port] : Bons) {
     EXPECT_EQ(Lire_Ligne_Commande(Arguments).Port, Port);
     EXPECT_EQ(Lire_Ligne_Commande(Arguments).Avertissement, "");
+    EXPECT_EQ(Lire_Ligne_Commande(Arguments).Journal, std::nullopt);
   }
+  EXPECT_EQ(Lire_Ligne_Commande({"/JOURNAL", "/port:COM3"}).Journal, "");
   for (const char* Mauvais : {"/port:COM0", "/port:COM257", "/port:COM", "/port:COM3x", "COM3", "/port:LPT1", "",
-                              "/port:COM-1", "/port:COM99999999999"}) {
-    const Ligne_Commande Lue = Lire_Ligne_Commande({"/port:COM5", Mauvais});
+                              "/port:COM-1", "/port:COM99999999999", "/journal:", "/journaux", "/journalC:\\J"}) {
+    const Ligne_Commande Lue = Lire_Ligne_Commande({"/port:COM5", Mauvais, "/Journal:D:\\é x", "/autre"});
+    EXPECT_EQ(Lue.Journal, "D:\\é x");
     EXPECT_EQ(Lue.Port, 1) << Mauvais;
     EXPECT_TRUE(Lue.Avertissement.starts_with(std::string("Argument non reconnu : ") + Mauvais));
   }

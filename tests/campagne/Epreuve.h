@@ -72,7 +72,7 @@ class Epreuve : public Poste_De_Test {
     int Refus = 0, Reussis = 0, Noyaux_Sans_Suite = 0, Lectures = 0;                // of the reader
     int Levees_Dehors = 0, Levees_Connecte = 0, Levees_Dedans = 0, Levees_Fin = 0;  // to the program
     int Succes_Montres = 0, Echappees = 0;
-    bool Erreur_Montree = false, Connecte = false, Sans_Traitant = false;
+    bool Connecte = false, Sans_Traitant = false;
   };
 
   void Retablir();

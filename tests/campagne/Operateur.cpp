@@ -45,7 +45,7 @@ Actions Actions_Permises(Fenetres& F) {
   for (Fenetre* Une :
        std::vector<Fenetre*>{&F.FMain, &F.FDossierING, &F.FrmAnimCharg, &F.FrmResultParam, &F.frmAbout}) {
     ++Rang;
-    if (!Une->Ouverte() || !Une->Active()) continue;
+    if (!Une->A_Portee()) continue;
     for (Controle* Un : Une->Controles()) {
       if (Un->Accessible()) Offrir(Toutes, *Un);
     }

@@ -1,6 +1,6 @@
 // The fault campaign. Without argument every case, on all processors; "--case NAME" (or the name alone)
-// plays that case, told in full; "--graine N" changes the seed of the random mixtures, "--vite" stops
-// at the first failure.
+// plays that case, told in full; "--graine N" changes the seed of the random mixtures, "--un-sur N" plays
+// one case in N, "--vite" stops at the first failure.
 
 #include <sys/mman.h>
 #include <sys/prctl.h>
@@ -73,7 +73,8 @@ bool Vite = false;
 
 class Campagne {
  public:
-  Campagne(Tableau& T, int Rang, int Equipe, unsigned Graine) : T_(T), Rang_(Rang), Equipe_(Equipe), Tirage_(Graine) {}
+  Campagne(Tableau& T, int Rang, int Equipe, unsigned Graine, int Un_Sur)
+      : T_(T), Rang_(Rang), Equipe_(Equipe), Un_Sur_(Un_Sur), Tirage_(Graine) {}
 
   void Tout() {
     for (const auto& S : Scenarios_Campagne) {
@@ -94,8 +95,11 @@ class Campagne {
   }
 
  private:
-  /// Every process knows all the cases of the first rank and plays its share of them.
-  bool A_Moi() { return Suivant_++ % Equipe_ == Rang_; }
+  /// Every process knows all the cases of the first rank and plays its share of those that are played.
+  bool A_Moi() {
+    const int Numero = Suivant_++;
+    return Numero % Un_Sur_ == 0 && Numero / Un_Sur_ % Equipe_ == Rang_;
+  }
 
   Bilan Jouer(const std::string& Nom, bool Relever_Actions) {
     std::strncpy(T_.En_Cours[Rang_], Nom.c_str(), sizeof T_.En_Cours[0] - 1);
@@ -201,7 +205,7 @@ class Campagne {
 
   // Updates and tests over and over: what the program holds must not grow once its buffers have their size.
   void Repeter() {
-    if (__sanitizer_get_current_allocated_bytes == nullptr || !A_Moi()) return;
+    if (__sanitizer_get_current_allocated_bytes == nullptr || Scenario_ % Equipe_ != Rang_) return;
     Epreuve E(Nom_);
     E.Passer();
     const auto Tenus_Apres = [&](int Fois) {
@@ -221,7 +225,7 @@ class Campagne {
   }
 
   Tableau& T_;
-  const int Rang_, Equipe_;
+  const int Rang_, Equipe_, Un_Sur_;
   std::mt19937 Tirage_;
   int Suivant_ = 0, Scenario_ = 0;
   const std::vector<Coups> Tous_Les_Coups_ = Lire_Coups();
@@ -230,7 +234,7 @@ class Campagne {
   std::map<std::string, int> Longues_;
 };
 
-int Tout_Passer(unsigned Graine) {
+int Tout_Passer(unsigned Graine, int Un_Sur) {
   auto* const T =
       static_cast<Tableau*>(mmap(nullptr, sizeof(Tableau), PROT_READ | PROT_WRITE, MAP_SHARED | MAP_ANONYMOUS, -1, 0));
   const auto Debut = std::chrono::steady_clock::now();
@@ -240,7 +244,7 @@ int Tout_Passer(unsigned Graine) {
   for (int Rang = 0; Rang < Equipe; ++Rang) {
     if (fork() == 0) {
       prctl(PR_SET_PDEATHSIG, SIGKILL);
-      Campagne(*T, Rang, Equipe, Graine).Tout();
+      Campagne(*T, Rang, Equipe, Graine, Un_Sur).Tout();
       std::exit(0);
     }
   }
@@ -280,6 +284,7 @@ int Passer_Seul(const std::string& Nom) {
 int main(int Nombre, char** Arguments) {
   const std::string Premier = Nombre > 1 ? Arguments[1] : "", Dernier = Arguments[Nombre - 1];
   Vite = Premier == "--vite";
-  if (Nombre == 1 || Vite) return Tout_Passer(20);
-  return Premier == "--graine" ? Tout_Passer(static_cast<unsigned>(std::stoul(Dernier))) : Passer_Seul(Dernier);
+  if (Nombre == 1 || Vite) return Tout_Passer(20, 1);
+  if (Premier == "--un-sur") return Tout_Passer(20, std::stoi(Dernier));
+  return Premier == "--graine" ? Tout_Passer(static_cast<unsigned>(std::stoul(Dernier)), 1) : Passer_Seul(Dernier);
 }

@@ -4,11 +4,11 @@
 #include <gtest/gtest.h>
 #include <oleacc.h>
 
-#include "outils/Poste_Windows.h"
-#include "platform/windows/Fenetrage_Windows.h"
-#include "platform/windows/Nom_Accessible.h"
-#include "platform/windows/Texte_Windows.h"
 #include "tests/Machine_De_Test.h"
+#include "tests/bout_en_bout/Poste_Windows.h"
+#include "windows/fenetres/Fenetrage_Windows.h"
+#include "windows/fenetres/Nom_Accessible.h"
+#include "windows/systeme/Texte_Windows.h"
 
 namespace {
 
@@ -50,7 +50,7 @@ struct Poste_Natif : Poste_De_Test {
     Disque.Poser("C:\\Pavorin\\ER0300.ing", Contenu(1014));
     Profil.Repertoire() = {'C', ':', '\\', 'P', 'a', 'v', 'o', 'r', 'i', 'n'};
     Port.Brancher(Serie, 0.002);
-    Programme.Demarrer();
+    Programme.Form_Load();
   }
   void Mettre_A_Jour() {
     Lecteur.Rallumer();
@@ -140,6 +140,19 @@ TEST(Fenetres, Aucun_Texte_Coupe_Sur_Aucun_Moniteur) {
   }
 }
 
+TEST(Fenetres, Une_Fenetre_Trop_Haute_Garde_Sa_Barre_De_Titre) {
+  Poste_Natif P;
+  Fenetre Haute(P.Natif, {.Titre = "Haute", .Largeur = 60000, .Hauteur = 60000});
+  Haute.Montrer();
+  RECT Place{}, Travail{};
+  GetWindowRect(Poignee_De(Haute), &Place);
+  SystemParametersInfoW(SPI_GETWORKAREA, 0, &Travail, 0);
+  EXPECT_GT(Place.bottom, Travail.bottom);
+  EXPECT_EQ(Place.top, Travail.top);
+  EXPECT_EQ(Place.left, Travail.left);
+  Haute.Decharger();
+}
+
 std::wstring Nom_Lu(HWND Controle) {
   SendMessageW(Controle, WM_GETOBJECT, 0, OBJID_CLIENT);
   if (const auto Donne = Noms_Donnes.find(Controle); Donne != Noms_Donnes.end()) return Donne->second;
@@ -177,31 +190,224 @@ TEST(Fenetres, Le_Poste_Reste_Eveille_Pendant_Un_Envoi) {
   Poste_Natif P;
   auto& F = P.Programme.F;
   const HWND Principale = Poignee_De(F.FMain);
-  int Pendant = 0, Sabliers = 0;
-  const auto Voir = [&](bool Envoi) {
+  int Entre_Deux = 0, Pendant = 0, Sabliers = 0;
+  bool Envoi = false;
+  const auto Voir = [&] {
     EXPECT_EQ(SendMessageW(Principale, WM_QUERYENDSESSION, 0, 0), !Envoi);
     // Answers the state before.
     const EXECUTION_STATE Etat = SetThreadExecutionState(ES_CONTINUOUS);
     SetThreadExecutionState(Etat);
-    EXPECT_EQ((Etat & ES_SYSTEM_REQUIRED) != 0, Envoi);
+    EXPECT_EQ(Etat & (ES_SYSTEM_REQUIRED | ES_DISPLAY_REQUIRED),
+              Envoi ? EXECUTION_STATE{ES_SYSTEM_REQUIRED | ES_DISPLAY_REQUIRED} : 0);
     const bool Attend = F.FMain.Souris() == Pointeur::Sablier;
     Sabliers += Attend;
     SendMessageW(Principale, WM_SETCURSOR, reinterpret_cast<WPARAM>(Principale), MAKELPARAM(HTCLIENT, WM_MOUSEMOVE));
     EXPECT_EQ(GetCursor() == LoadCursorW(nullptr, IDC_WAIT), Attend);
   };
   SetThreadExecutionState(ES_CONTINUOUS);
+  P.Pannes_.Avant = [&](std::string_view Appel, int) {
+    Envoi = Envoi || Appel == "Taille";
+    Entre_Deux += Envoi && !F.FrmAnimCharg.Ouverte();
+    Voir();
+  };
   P.Natif.Au_Repos = [&] {
-    Voir(F.FrmAnimCharg.Ouverte());
+    Voir();
     if (!F.FrmAnimCharg.Ouverte()) return;
     ++Pendant;
     EXPECT_FALSE(GetWindowLongW(Poignee_De(F.FrmAnimCharg), GWL_STYLE) & WS_SYSMENU);
     SendMessageW(Poignee_De(F.FrmAnimCharg), WM_CLOSE, 0, 0);
   };
   P.Mettre_A_Jour();
+  Envoi = false;
   P.Natif.Traiter_Evenements({});
   EXPECT_EQ(P.Lecteur.Fichiers().size(), 2U);
   EXPECT_GT(Pendant, 500);
+  EXPECT_GT(Entre_Deux, 2);
   EXPECT_GT(Sabliers, 0);
+}
+
+TEST(Fenetres, Une_Fenetre_Couverte_Ne_Prend_Rien) {
+  Poste_Natif P;
+  auto& F = P.Programme.F;
+  int Fois = 0;
+  const auto Voir = [&](const Fenetre& Une) {
+    if (Une.Depart().Devant == nullptr) return;
+    ++Fois;
+    F.FMain.Active(true);
+    const HWND Principale = Poignee_De(F.FMain);
+    EXPECT_FALSE(IsWindowEnabled(Principale));
+    EXPECT_EQ(GetWindow(Poignee_De(Une), GW_OWNER), Principale);
+    F.frmAbout.Decharger();
+    SendMessageW(Principale, WM_COMMAND, static_cast<WPARAM>(F.FMain.MnApropos.Numero()), 0);
+    SendMessageW(Principale, WM_CLOSE, 0, 0);
+    EXPECT_TRUE(F.FMain.Ouverte() && !F.frmAbout.Ouverte());
+  };
+  P.Tout_Montrer(Voir);
+  EXPECT_GT(Fois, 1);
+  F.FrmResultParam.CmdOK.Cliquer();
+  EXPECT_TRUE(IsWindowEnabled(Poignee_De(F.FMain)));
+}
+
+int Creations_Permises = 0;
+LRESULT CALLBACK Refuser_Une_Creation(int Code, WPARAM W, LPARAM L) {
+  if (Code == HCBT_CREATEWND && Creations_Permises-- == 0) return 1;
+  return CallNextHookEx(nullptr, Code, W, L);
+}
+
+// The system cannot make a window, or one of its controls.
+TEST(Fenetres, Sans_Place_Aucune_Fenetre_N_Enferme_L_Operateur) {
+  Poste_Natif P;
+  auto& F = P.Programme.F;
+  const Crochet Refus(SetWindowsHookExW(WH_CBT, Refuser_Une_Creation, nullptr, GetCurrentThreadId()));
+  for (const int Permises : {0, 1, 5}) {
+    for (const auto* Demande : {&F.FMain.CmdMaj.Clic, &F.FMain.MnLecteur.Clic, &F.FMain.MnApropos.Clic}) {
+      Creations_Permises = Permises;
+      try {
+        P.Lecteur.Rallumer();
+        (*Demande)();
+      } catch (const Erreur&) {
+        EXPECT_EQ(Demande, &F.FMain.MnApropos.Clic);
+      }
+      EXPECT_LT(Creations_Permises, 0);
+      EXPECT_TRUE(P.Lecteur.Fichiers().empty());
+      EXPECT_FALSE(F.FrmAnimCharg.Ouverte() || F.FrmResultParam.Ouverte() || F.frmAbout.Ouverte());
+      EXPECT_TRUE(IsWindowEnabled(Poignee_De(F.FMain)) && F.FMain.Active());
+    }
+  }
+  P.Mettre_A_Jour();
+  EXPECT_EQ(P.Lecteur.Fichiers().size(), 2U);
+}
+
+void Frapper(WORD Touche, DWORD Drapeaux) {
+  INPUT Frappe{};
+  Frappe.type = INPUT_KEYBOARD;
+  Frappe.ki.wVk = Touche;
+  Frappe.ki.dwFlags = Drapeaux;
+  SendInput(1, &Frappe, sizeof Frappe);
+}
+
+/// What is done while a box is up, one step every tenth of a second.
+std::deque<std::function<void()>> Etapes;
+void CALLBACK Passer_Une_Etape(HWND, UINT, UINT_PTR, DWORD) {
+  if (Etapes.empty()) return;
+  const auto Etape = Etapes.front();
+  Etapes.pop_front();
+  Etape();
+}
+
+TEST(Fenetres, Une_Touche_Frappee_D_Avance_Ne_Repond_A_Rien) {
+  Poste_Natif P;
+  const auto Enfoncer = [] { Frapper(VK_RETURN, 0); };
+  const auto Relacher = [] { Frapper(VK_RETURN, KEYEVENTF_KEYUP); };
+  const auto Refuser = [] { PostMessageW(GetActiveWindow(), WM_COMMAND, IDNO, 0); };
+  const auto Demander = [&](std::deque<std::function<void()>> Pendant) {
+    Etapes = std::move(Pendant);
+    const UINT_PTR Minuterie = SetTimer(nullptr, 0, 100, Passer_Une_Etape);
+    const Reponse Donnee = P.Natif.Fenetrage_Windows::Boite_Message("?", Boutons::Oui_Non, Icone::Question, "Essai");
+    KillTimer(nullptr, Minuterie);
+    return Donnee;
+  };
+  P.Natif.Traiter_Evenements({});
+  EXPECT_EQ(Demander({Enfoncer, Relacher}), Reponse::Oui) << "typed once the box is up";
+  Enfoncer();
+  Relacher();
+  EXPECT_EQ(Demander({Refuser}), Reponse::Non) << "typed before";
+  const auto Repeter = [] { PostMessageW(GetFocus(), WM_KEYDOWN, VK_RETURN, 0x40000001); };
+  EXPECT_EQ(Demander({Repeter, Repeter, Refuser}), Reponse::Non) << "held down";
+}
+
+/// Takes what is in the queue like a library that knows nothing of our windows.
+void Pomper() {
+  for (MSG M; PeekMessageW(&M, nullptr, 0, 0, PM_REMOVE);) {
+    TranslateMessage(&M);
+    DispatchMessageW(&M);
+  }
+}
+
+TEST(Fenetres, Rien_Ne_Commence_Pendant_Un_Appel_De_La_Bibliotheque) {
+  Poste_Natif P;
+  auto& M = P.Programme.F.FMain;
+  M.OptManuel.Choisir();
+  int Actions = 0;
+  M.CmdQuitter.Clic = M.MnApropos.Clic = M.Fermeture = M.OptAuto.Clic = M.CchooseNoyau.Saisie = [&] { ++Actions; };
+  const HWND Principale = Poignee_De(M), Bouton = GetDlgItem(Principale, M.CmdQuitter.Numero()),
+             Puce = GetDlgItem(Principale, M.OptAuto.Numero()),
+             Edition = FindWindowExW(GetDlgItem(Principale, M.CchooseNoyau.Numero()), nullptr, L"Edit", nullptr);
+  const struct {
+    HWND Cible;
+    UINT Message;
+    WPARAM W;
+    LPARAM L = 1;
+  } Gestes[] = {{Bouton, WM_KEYDOWN, VK_RETURN},
+                {Bouton, BM_CLICK, 0},
+                {Puce, WM_LBUTTONDOWN, MK_LBUTTON},
+                {Puce, WM_LBUTTONUP, 0},
+                {Edition, WM_CHAR, 'x'},
+                {Principale, WM_COMMAND, static_cast<WPARAM>(M.MnApropos.Numero()), 0},
+                {Principale, WM_SYSCOMMAND, SC_CLOSE},
+                {Principale, WM_CLOSE, 0}};
+  const auto Tout_Faire = [&] {
+    for (const auto& G : Gestes) PostMessageW(G.Cible, G.Message, G.W, G.L);
+    InvalidateRect(Bouton, nullptr, FALSE);
+    Pomper();
+    EXPECT_FALSE(GetUpdateRect(Bouton, nullptr, FALSE)) << "painted";
+    return std::exchange(Actions, 0);
+  };
+  P.Natif.Ignorer_Operateur(true);
+  EXPECT_EQ(Tout_Faire(), 0);
+  // Sent by another program, without the queue.
+  for (const auto& G : std::span(Gestes).last(3)) SendMessageW(G.Cible, G.Message, G.W, G.L);
+  EXPECT_EQ(Actions, 0);
+  P.Natif.Ignorer_Operateur(false);
+  EXPECT_EQ(Tout_Faire(), 7);
+  // A key held down.
+  for (const LPARAM L : {1, 0x40000001, 0x40000001}) PostMessageW(Bouton, WM_KEYDOWN, VK_RETURN, L);
+  P.Natif.Traiter_Evenements({});
+  EXPECT_EQ(Actions, 1);
+}
+
+std::vector<std::wstring> Comptes_Montres;
+HWND Compteur = nullptr;
+LRESULT CALLBACK Noter_Les_Textes(int Code, WPARAM W, LPARAM L) {
+  const auto& M = *reinterpret_cast<const CWPSTRUCT*>(L);
+  if (M.hwnd == Compteur && M.message == WM_SETTEXT)
+    Comptes_Montres.emplace_back(reinterpret_cast<const wchar_t*>(M.lParam));
+  return CallNextHookEx(nullptr, Code, W, L);
+}
+
+// 25 times a second at most, the first block and the last one always; every block of a slow reader.
+TEST(Fenetres, La_Progression_Suit_L_Oeil) {
+  for (const bool Lent : {false, true}) {
+    Poste_Natif P(L"Arial", "taille_bloc = 1");
+    auto& F = P.Programme.F;
+    P.Disque.Fichiers["C:\\Pavorin\\Fexa0500.ing"] = Contenu(507 * (Lent ? 6 : 400));
+    Comptes_Montres.clear();
+    int Blocs = 0;
+    P.Galss.Apres_Echange = [&](auto...) {
+      if (!F.FrmAnimCharg.Ouverte() || F.FrmAnimCharg.LblTitre.Texte() != "Chargement en cours ...") return;
+      Blocs = std::max(Blocs, std::atoi(F.FrmAnimCharg.LblNumBlock.Texte().c_str()) + 1);
+      Compteur = GetDlgItem(Poignee_De(F.FrmAnimCharg), F.FrmAnimCharg.LblNumBlock.Numero());
+      if (Lent) Sleep(60);
+    };
+    const Crochet Ecoute(SetWindowsHookExW(WH_CALLWNDPROC, Noter_Les_Textes, nullptr, GetCurrentThreadId()));
+    const ULONGLONG Debut = GetTickCount64();
+    std::vector<std::wstring> Noyau;
+    P.Natif.Au_Repos = [&] {
+      if (Noyau.empty()) Noyau = std::exchange(Comptes_Montres, {});
+    };
+    ULONGLONG Fin = 0;
+    F.FMain.CmdMaj.Cliquer();
+    Fin = GetTickCount64();
+    ASSERT_GT(Noyau.size(), 1U);
+    EXPECT_EQ(Noyau.front(), L"1");
+    EXPECT_EQ(Noyau.back(), Lent ? L"6" : L"400");
+    if (Lent) {
+      EXPECT_EQ(Noyau.size(), 6U);
+    } else {
+      EXPECT_LE(Noyau.size(), 3 + (Fin - Debut) / 40);
+      EXPECT_LT(Noyau.size(), 200U);
+    }
+  }
 }
 
 // Labels and frames follow the operator's colours wherever the layout gives none.
@@ -217,8 +423,9 @@ TEST(Fenetres, Couleurs_De_L_Operateur) {
     for (const Controle* C : F.Controles()) {
       if (!dynamic_cast<const Etiquette*>(C)) continue;
       const HDC Dc = GetDC(nullptr);
-      SendMessageW(Poignee_De(F), WM_CTLCOLORSTATIC, reinterpret_cast<WPARAM>(Dc),
-                   reinterpret_cast<LPARAM>(GetDlgItem(Poignee_De(F), C->Numero())));
+      const LRESULT Pinceau = SendMessageW(Poignee_De(F), WM_CTLCOLORSTATIC, reinterpret_cast<WPARAM>(Dc),
+                                           reinterpret_cast<LPARAM>(GetDlgItem(Poignee_De(F), C->Numero())));
+      EXPECT_NE(Pinceau, reinterpret_cast<LRESULT>(GetStockObject(DC_BRUSH))) << "a theme paints in another context";
       EXPECT_EQ(GetTextColor(Dc), C->Encre() ? En_Colorref(*C->Encre()) : Voulues[1]) << C->Numero();
       EXPECT_EQ(GetBkColor(Dc), Voulues[0]) << C->Numero();
       ReleaseDC(nullptr, Dc);

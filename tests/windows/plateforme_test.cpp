@@ -4,16 +4,19 @@
 #include <gtest/gtest.h>
 
 #include <algorithm>
+#include <array>
 #include <set>
+#include <sstream>
 
-#include "platform/windows/Demarrage_Windows.h"
-#include "platform/windows/Disque_Windows.h"
-#include "platform/windows/Galss_Windows.h"
-#include "platform/windows/Horloge_Windows.h"
-#include "platform/windows/Port_Serie_Windows.h"
-#include "platform/windows/Processus_Windows.h"
-#include "platform/windows/Profil_Windows.h"
-#include "platform/windows/Texte_Windows.h"
+#include "galss/End_Process_Galls.h"
+#include "windows/systeme/Demarrage_Windows.h"
+#include "windows/systeme/Disque_Windows.h"
+#include "windows/systeme/Galss_Windows.h"
+#include "windows/systeme/Port_Serie_Windows.h"
+#include "windows/systeme/Profil_Windows.h"
+#include "windows/systeme/Releve_Windows.h"
+#include "windows/systeme/Systeme_Windows.h"
+#include "windows/systeme/Texte_Windows.h"
 
 namespace {
 
@@ -41,18 +44,29 @@ Disque_Windows Disque;
 const std::string Programme = Disque.Repertoire_Programme();
 const std::string Ici = Programme + "\\essai\\";
 
+// Never anywhere but in the directory told: one without a name in the system's code page, one too long
+// for the profile calls, and one that does not exist. A UTF-8 system has its own way to the same file.
 TEST(Windows, Profil) {
-  Profil_Windows Profil;
   const Octets Valeur = {'C', ':', '\\', 0xE9, 0x80};
-  // The second directory has no name in the system's code page: its short name serves.
-  for (const std::string Sous : {"é", "Ωμέγα", "absent"}) {
-    if (Sous != "absent") Creer_Repertoire(Ici + Sous);
-    const std::string Chemin = Ici + Sous + "\\telech.ini";
-    Profil.Ecrire(Chemin, "INIT", "REP", Valeur);
-    EXPECT_EQ(Profil.Lire(Chemin, "INIT", "REP", 200), Sous == "absent" ? Octets{} : Valeur);
-    EXPECT_EQ(Profil.Lire(Chemin, "INIT", "REP", 3).size(), Sous == "absent" ? 0U : 2U);
-    EXPECT_TRUE(Profil.Lire(Chemin, "AUTRE", "REP", 200).empty());
+  std::string Long = Ici;
+  for (int I = 0; I < 5; ++I) Creer_Repertoire(Long += std::string(50, 'y') + "Ω\\");
+  for (const std::string& Ou : {Ici + "é", Ici + "Ωμέγα", Long + "fin", Ici + "absent", Ici + "Ωabsent"}) {
+    const bool Present = !Ou.ends_with("absent");
+    if (Present) Creer_Repertoire(Ou);
+    const std::string Chemin = Ou + "\\telech.ini";
+    for (const unsigned Page : {1252U, 65001U, 932U}) {
+      Profil_Windows Celui_Ci(Page), Autre;
+      Celui_Ci.Ecrire(Chemin, "INIT", "REP" + std::to_string(Page), Valeur);
+      EXPECT_EQ(Autre.Lire(Chemin, "INIT", "REP" + std::to_string(Page), 200), Present ? Valeur : Octets{}) << Chemin;
+      Autre.Ecrire(Chemin, "INIT", "REP", Valeur);
+      EXPECT_EQ(Celui_Ci.Lire(Chemin, "INIT", "REP", 200), Present ? Valeur : Octets{}) << Chemin;
+      EXPECT_EQ(Celui_Ci.Lire(Chemin, "INIT", "REP", 3).size(), Present ? 2U : 0U);
+      EXPECT_TRUE(Celui_Ci.Lire(Chemin, "AUTRE", "REP", 200).empty());
+    }
   }
+  EXPECT_EQ(Numero([] { Disque.Taille("C:\\windows\\telech.ini"); }), 53);
+  EXPECT_EQ(En_Page(L"é€", 65001), "é€");
+  EXPECT_EQ(En_Page(L"é€", 1252), "\xE9\x80");
 }
 
 TEST(Windows, Recherche_Et_Lecture_Meme_Au_Dela_De_260_Caracteres) {
@@ -81,35 +95,171 @@ TEST(Windows, Recherche_Et_Lecture_Meme_Au_Dela_De_260_Caracteres) {
   EXPECT_EQ(Disque.Repertoire_Courant("Q:\\"), "Q:\\");
 }
 
-TEST(Windows, Bibliotheque_Absente_Fautive_Incomplete) {
-  Proteger_Programme();
-  Galss_Windows Galss;
-  Octets Nom = {'a', 0xE9}, LAD = {'L'}, Reponse(5);
+// A copied file lies in its place for the time of a test.
+class Depot {
+ public:
+  Depot(const std::string& Origine, const std::string& Place) : Place_(En_Utf16(Place)) {
+    EXPECT_TRUE(CopyFileW(En_Utf16(Origine).c_str(), Place_.c_str(), FALSE)) << Place;
+  }
+  ~Depot() { DeleteFileW(Place_.c_str()); }
+
+ private:
+  std::wstring Place_;
+};
+
+// The program keeps a library to its end; the next test is another program.
+void Decharger_Bibliotheques() {
+  for (const wchar_t* Nom : {L"nu.dll", L"Galclw32.dll"}) {
+    while (const HMODULE Module = GetModuleHandleW(Nom)) FreeLibrary(Module);
+  }
+}
+
+const std::string Bouchon = Programme + "\\bouchon\\";
+const std::string Compagnon = Bouchon + "compagnon.dll";
+
+std::string Hexadecimal_Adresse(const void* Adresse) {
+  std::ostringstream Texte;
+  Texte << std::hex << reinterpret_cast<std::uintptr_t>(Adresse);
+  return Texte.str();
+}
+
+struct Essai_Galss : testing::Test {
+  std::int16_t En_Appel = 0;
+  std::string Vu;
+  Galss_Windows Galss{[this](bool En_Cours) { Vu += (En_Appel = En_Cours) ? '(' : ')'; }};
+  Octets Nom = {'a', 0xE9}, LAD = {'L'};
   std::int16_t A = 0, B = 0;
-  const std::string Bouchon = Programme + "\\bouchon";
+
+  Essai_Galss() { Proteger_Programme(); }
+  ~Essai_Galss() override { Decharger_Bibliotheques(); }
+
+  int Ouvrir(const std::string& Path) {
+    SetEnvironmentVariableW(L"PATH", En_Utf16(Path).c_str());
+    return Numero([&] { Galss.OuvrirSession(Nom, LAD, A, B); });
+  }
+
+  /// Result of the stand-in's caprice, or -Erreur::Numero.
+  int Demander(const std::string& Caprice) {
+    Octets Texte(Caprice.begin(), Caprice.end());
+    int Resultat = 0;
+    const int Echec = Numero([&] { Resultat = Galss.DebutExclusivite(Texte, Nom, LAD, A); });
+    return Echec == 0 ? Resultat : -Echec;
+  }
+};
+
+// Wherever the library may lie, its companions may: the Windows directory, another entry of PATH; not
+// the current directory. First of its kind: a library that was loaded leaves its directories to the process.
+TEST_F(Essai_Galss, Compagnons_Lies_Ou_Charges_Par_Leur_Nom_Nu) {
+  std::array<wchar_t, MAX_PATH> Windows;
+  const std::string Systeme = En_Utf8({Windows.data(), GetSystemWindowsDirectoryW(Windows.data(), MAX_PATH)}) + "\\";
+  for (const char* Sous : {"nue", "ailleurs", "courant"}) Creer_Repertoire(Ici + Sous);
+  const Depot Nue(Bouchon + "Galclw32.dll", Ici + "nue\\Galclw32.dll");
+  const Depot Piege(Compagnon, Ici + "courant\\intrus.dll");
+  SetCurrentDirectoryW(En_Utf16(Ici + "courant").c_str());
+  const std::string Path = Ici + "nue;.;" + Ici + "ailleurs";
+  EXPECT_EQ(Ouvrir(Path), 48);
+  for (const std::string& Place : {Systeme, Ici + "ailleurs\\"}) {
+    const Depot Lie(Compagnon, Place + "compagnon.dll"), Nu(Compagnon, Place + "nu.dll");
+    Galss = Galss_Windows();
+    EXPECT_EQ(Ouvrir(Path), 0) << Place;
+    EXPECT_EQ(Demander("cnu.dll"), 1) << Place;
+    EXPECT_EQ(Demander("cintrus.dll"), 0);
+    Decharger_Bibliotheques();
+  }
+}
+
+TEST_F(Essai_Galss, Absente_Fautive_Incomplete) {
   for (const char* Sous : {"abime", "seule"}) Creer_Repertoire(Ici + Sous);
   Creer_Fichier(Ici + "abime\\Galclw32.dll");
-  CopyFileW(En_Utf16(Bouchon + "\\Galclw32.dll").c_str(), En_Utf16(Ici + "seule\\Galclw32.dll").c_str(), FALSE);
+  const Depot Seule(Bouchon + "Galclw32.dll", Ici + "seule\\Galclw32.dll");
   SetCurrentDirectoryW(En_Utf16(Bouchon).c_str());
   // Never from the current directory; garbage; without what it depends on; as it should be.
   for (const auto& [Path, Attendu] :
        {std::pair(std::string(".;;C:;\\"), 53), {Ici + "abime", 48}, {Ici + "seule", 48}, {'"' + Bouchon + '"', 0}}) {
-    SetEnvironmentVariableW(L"PATH", En_Utf16(Path).c_str());
-    EXPECT_EQ(Numero([&] { Galss.OuvrirSession(Nom, LAD, A, B); }), Attendu) << Path;
+    EXPECT_EQ(Ouvrir(Path), Attendu) << Path;
   }
   EXPECT_EQ(std::tuple(A, B, LAD), std::tuple(2, 42, Octets{'!'}));
   EXPECT_EQ(Numero([&] { Galss.FermerSession(1, A); }), 453);
-#ifdef __i386__  // the guard against the library's own faults
-  for (int I = 0; I < 1000; ++I) ASSERT_EQ(Numero([&] { Galss.DebutExclusivite(Nom, Nom, LAD, A); }), 51);
-#endif
+  EXPECT_EQ(Vu, "()()()()()");
   EXPECT_EQ(Galss.FinExclusivite(-5), -4);
-  EXPECT_GT(1.0 / double(Reponse[0]), 1.0);  // would trap if the library's state had stayed
   std::int32_t Aller = 2, Retour = 5;
+  Octets Reponse(5);
+  EXPECT_GT(1.0 / double(Reponse[0]), 1.0);  // would trap if the library's state had stayed
   EXPECT_EQ(Galss.Echange(1, 0, Nom, Aller, Reponse, Retour), 64);
   EXPECT_EQ(std::tuple(Reponse, Retour), std::tuple(Octets(5, 0xE9), -7));
 #ifdef PAVORIN_PAGES_GARDEES
   EXPECT_EQ(Numero([&] { Galss.Echange(1, 0, Nom, Aller, Reponse, Retour = 6); }), 51);
+#else
+  EXPECT_EQ(std::tuple(Demander("z"), A, LAD), std::tuple(0, 256, Octets{'!'}));
 #endif
+  EXPECT_EQ(Demander("l" + Hexadecimal_Adresse(&En_Appel)), 0);
+  EXPECT_EQ(std::pair(A, En_Appel), std::pair(std::int16_t{1}, std::int16_t{0}));
+}
+
+#ifdef __i386__  // the guard against the library's own faults, and the decorated names
+TEST_F(Essai_Galss, Ce_Qui_Finirait_Le_Programme_Devient_Une_Erreur) {
+  ASSERT_EQ(Ouvrir(Bouchon), 0);
+  EXPECT_EQ(Demander("h"), 7);
+  for (int I = 0; I < 1000; ++I) ASSERT_EQ(Demander("trappe"), -51);
+  // Delphi, C++, .NET, RPC; a fault, a warning, a code of nobody.
+  for (const char* Code : {"0EEDFADE", "E06D7363", "E0434352", "6BA", "C0000005", "80000002", "12345"}) {
+    EXPECT_EQ(Demander(std::string("E") + Code), -51) << Code;
+    EXPECT_EQ(Demander(std::string("e") + Code), -51) << Code;
+  }
+  EXPECT_EQ(Demander("h"), 7);
+  EXPECT_EQ(En_Appel, 0);
+}
+
+TEST_F(Essai_Galss, Noms_Decores) {
+  ASSERT_EQ(Ouvrir(Programme + "\\decore;" + Bouchon), 0);
+  EXPECT_EQ(std::tuple(A, B), std::tuple(2, 42));
+  EXPECT_EQ(Demander("h"), 7);
+  EXPECT_EQ(Galss.FinExclusivite(3), 4);
+  EXPECT_EQ(Galss.FermerSession(5, A), 9);
+  EXPECT_EQ(A, 5);
+}
+#endif
+
+// A process of this name, which waits; ended with the test in any case.
+class Serveur {
+ public:
+  explicit Serveur(const char* Nom) : Copie_(Programme + "\\plateforme_windows_test.exe", Ici + Nom) {
+    std::wstring Commande = En_Utf16('"' + Ici + Nom + "\" --dormir");
+    STARTUPINFOW Debut{};
+    Debut.cb = sizeof Debut;
+    PROCESS_INFORMATION Infos{};
+    EXPECT_TRUE(CreateProcessW(nullptr, Commande.data(), nullptr, nullptr, FALSE, 0, nullptr, nullptr, &Debut, &Infos));
+    Processus_.reset(Infos.hProcess);
+    CloseHandle(Infos.hThread);
+  }
+  ~Serveur() {
+    TerminateProcess(Processus_.get(), 1);
+    WaitForSingleObject(Processus_.get(), 5000);
+  }
+
+  bool Fini_En(DWORD Millisecondes) const {
+    return WaitForSingleObject(Processus_.get(), Millisecondes) == WAIT_OBJECT_0;
+  }
+
+ private:
+  Depot Copie_;
+  Poignee Processus_;
+};
+
+TEST(Windows, Le_Serveur_Galss_Est_Termine_Et_Lui_Seul) {
+  const Serveur Sien("GalsVW32.exe"), Long("galsvw32.exe.exe"), Autre("xgalsvw32.exe");
+  Processus_Windows Liste;
+  Arret_Galss(Liste);
+  EXPECT_TRUE(Sien.Fini_En(5000));
+  EXPECT_FALSE(Long.Fini_En(100) || Autre.Fini_En(100));
+}
+
+// A server that the library starts inherits the process's error mode, not its thread's.
+TEST(Windows, Rien_Ne_Passe_Aux_Programmes_Lances) {
+  SetErrorMode(0);
+  Proteger_Programme();
+  EXPECT_EQ(GetErrorMode(), 0U);
+  EXPECT_NE(GetThreadErrorMode() & SEM_FAILCRITICALERRORS, 0U);
 }
 
 TEST(Windows, Processus_Heure_Mois_Arguments) {
@@ -123,6 +273,50 @@ TEST(Windows, Processus_Heure_Mois_Arguments) {
   EXPECT_TRUE(Mois.size() == 12 && Mois.begin()->size() > 3);
   for (const int Hors : {0, 13}) EXPECT_EQ(Numero([&] { Temps.Nom_Mois(Hors); }), 5);
   EXPECT_EQ(Arguments_Programme(), (std::vector<std::string>{"/port:COM3", "deux mots"}));
+}
+
+TEST(Windows, Une_Copie_A_La_Fois) {
+  Instance_Unique Une;
+  ASSERT_TRUE(Une.Premiere());
+  EXPECT_FALSE(Instance_Unique().Premiere());
+  EXPECT_FALSE(Instance_Unique::Montrer_Premiere());  // the lock without a window
+  Une.Ceder();
+  EXPECT_TRUE(Instance_Unique().Premiere());
+}
+
+TEST(Windows, Releve_Et_Fichier_Du_Journal) {
+  Releve_Windows Releve;
+  const auto Valeur = [](const std::vector<Fait>& Faits, std::string_view Nom) {
+    const auto Trouve = std::ranges::find(Faits, Nom, &Fait::Nom);
+    return Trouve == Faits.end() ? "absent" : Trouve->Valeur;
+  };
+  EXPECT_EQ(Valeur(Releve.Poste(), "controles"), "absent");
+  LoadLibraryW(L"comctl32.dll");
+  const auto Poste = Releve.Poste();
+  EXPECT_TRUE(Valeur(Poste, "programme").starts_with(Programme));
+  EXPECT_EQ(std::ranges::count(Valeur(Poste, "controles"), '.'), 4)
+      << "a name and a version: " << Valeur(Poste, "controles");
+  for (const auto& [Nom, Texte] : Poste) EXPECT_NE(Texte, "") << Nom;
+  EXPECT_TRUE(Releve.Bibliotheque().empty());
+  const std::wstring Dll = En_Utf16(Programme + "\\bouchon\\Galclw32.dll");
+  const HMODULE Module = LoadLibraryExW(Dll.c_str(), nullptr, LOAD_WITH_ALTERED_SEARCH_PATH);
+  const auto Galss = Releve.Bibliotheque();
+  EXPECT_EQ(Valeur(Galss, "bibliotheque"), En_Utf8(Dll) + " (sans version)");
+  EXPECT_NE(Valeur(Galss, "operations").find("OuvrirSession"), std::string::npos);
+  EXPECT_EQ(Valeur(Galss, "operations").find("FermerSession"), std::string::npos);
+  EXPECT_TRUE(Valeur(Galss, "module").ends_with("compagnon.dll (sans version)"));
+  FreeLibrary(Module);
+  EXPECT_TRUE(Releve.Terminable(GetCurrentProcessId()) && !Releve.Terminable(0));
+  EXPECT_TRUE(Releve.Inscriptible(Ici + "absent.ini") && !Releve.Inscriptible(Ici + "absent\\absent.ini"));
+  EXPECT_EQ(GetFileAttributesW(En_Utf16(Ici + "absent.ini").c_str()), INVALID_FILE_ATTRIBUTES);
+  const std::string Chemin = Ici + "é.journal";
+  DeleteFileW(En_Utf16(Chemin).c_str());
+  const auto Journal = Releve.Creer_Journal(Chemin);
+  EXPECT_TRUE(Journal->Ecrire("ab") && Journal->Ecrire("cde"));
+  Journal->Assurer();
+  EXPECT_EQ(Disque.Taille(Chemin), 5);
+  EXPECT_NE(Numero([&] { Releve.Creer_Journal(Chemin); }), 0) << "an older journal is never written over";
+  EXPECT_EQ(Numero([&] { Releve.Creer_Journal(Ici + "absent\\x.journal"); }), 76);
 }
 
 TEST(Windows, Port_Serie_Sans_Port) {
@@ -140,6 +334,7 @@ TEST(Windows, Port_Serie_Sans_Port) {
 }  // namespace
 
 int main(int Nombre, char** Arguments) {
+  if (Nombre == 2 && Arguments[1] == std::string_view("--dormir")) Sleep(60000);
   testing::InitGoogleTest(&Nombre, Arguments);
   Creer_Repertoire(Ici);
   return RUN_ALL_TESTS();

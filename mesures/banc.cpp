@@ -1,0 +1,300 @@
+// Every measure of the program itself, one line each: what, figure, target, met or short. Runs in the Windows
+// session, beside the program, under Wine:
+//   banc STAGES...             ligne_galss, depart, attentes, memoire, serie; all unless named
+//   banc nue LARGEUR HAUTEUR N a bare window with N plain labels, against which the start is measured
+
+#include <algorithm>
+#include <cstdio>
+#include <fstream>
+#include <functional>
+#include <sstream>
+
+#include "tests/bout_en_bout/Poste.h"
+#include "windows/systeme/Texte_Windows.h"
+
+namespace {
+
+using Horloge = std::chrono::steady_clock;
+using Millisecondes = std::chrono::duration<double, std::milli>;
+
+constexpr double Bloc = 2043;
+int Manques = 0;
+
+enum class Sens { Au_Plus, Au_Moins, Sans_Cible };
+void Ligne(const std::string& Quoi, double Valeur, const char* Unite, double Cible = 0, Sens S = Sens::Au_Plus) {
+  const bool Tenu = S == Sens::Sans_Cible || (S == Sens::Au_Moins ? Valeur >= Cible : Valeur <= Cible);
+  Manques += !Tenu;
+  std::printf("%-62s%12.2f %-7s", Quoi.c_str(), Valeur, Unite);
+  if (S != Sens::Sans_Cible)
+    std::printf("%6s %-7g%s", S == Sens::Au_Moins ? ">=" : "<=", Cible, Tenu ? "met" : "SHORT");
+  std::printf("\n");
+  std::fflush(stdout);
+}
+void Informer(const std::string& Quoi, double Valeur, const char* Unite) {
+  Ligne(Quoi, Valeur, Unite, 0, Sens::Sans_Cible);
+}
+
+double Meilleur(std::vector<double> Valeurs) {
+  return *std::ranges::min_element(Valeurs);
+}
+
+int Fenetre_Nue(int Largeur, int Hauteur, int Etiquettes) {
+  WNDCLASSW Classe{};
+  Classe.lpfnWndProc = DefWindowProcW;
+  Classe.hInstance = GetModuleHandleW(nullptr);
+  Classe.hbrBackground = GetSysColorBrush(COLOR_BTNFACE);
+  Classe.lpszClassName = L"Nue";
+  RegisterClassW(&Classe);
+  const HWND Nue = CreateWindowW(L"Nue", L"Nue", WS_OVERLAPPEDWINDOW, 0, 0, Largeur, Hauteur, nullptr, nullptr,
+                                 Classe.hInstance, nullptr);
+  for (int I = 0; I < Etiquettes; ++I) {
+    CreateWindowW(L"STATIC", L"Etiquette", WS_CHILD | WS_VISIBLE, I % 5 * 120, I / 5 * 30, 110, 25, Nue, nullptr,
+                  Classe.hInstance, nullptr);
+  }
+  ShowWindow(Nue, SW_SHOWNORMAL);
+  SetForegroundWindow(Nue);
+  RedrawWindow(Nue, nullptr, nullptr, RDW_UPDATENOW | RDW_ALLCHILDREN);
+  for (MSG Message; GetMessageW(&Message, nullptr, 0, 0) > 0;) DispatchMessageW(&Message);
+  return 0;
+}
+
+/// The program with the library that times what it is asked.
+struct Banc : Poste {
+  Banc() : Poste("C:\\Mesure") {}
+
+  void Installer(const Fichiers& Logiciels, int Attente_Ms = 0, std::optional<std::string> Repertoire = {}) {
+    static const std::string Chronometre = Lire(Programmes() / "mesures/galss_chrono.dll");
+    Lancer({.Logiciels = Logiciels, .Repertoire = std::move(Repertoire), .Bibliotheque = Chronometre});
+    Ecrire(Dossier / "attente.txt", std::to_string(Attente_Ms));
+  }
+  void Mettre_A_Jour(std::string_view Reponse) {
+    Demander_Mise_A_Jour();
+    Boite("TELECHARGER").Repondre(Reponse);
+  }
+  /// Blocks, microseconds inside the library, microseconds in all.
+  std::array<double, 3> Chrono(double Secondes) const {
+    const fs::path Fichier = Dossier / "chrono.txt";
+    std::istringstream Texte(
+        Attendre(
+            "dernier bloc", [&] { return Lire(Fichier).ends_with('\n') ? std::optional(Lire(Fichier)) : std::nullopt; },
+            Secondes)
+            .value());
+    fs::remove(Fichier);
+    std::array<double, 3> Lus{};
+    for (double& Un : Lus) Texte >> Un;
+    return Lus;
+  }
+  /// Kilobytes that belong to the program alone, as the system under Wine counts them.
+  double Prives() const {
+    wchar_t Prefixe[600] = L"";
+    GetEnvironmentVariableW(L"PAVORIN_PREFIXE", Prefixe, 600);
+    for (const auto& Processus : fs::directory_iterator("Z:\\proc")) {
+      if (Lire(Processus.path() / "cmdline").find("\\Pavorin.exe") == std::string::npos ||
+          Lire(Processus.path() / "environ").find("PAVORIN_PREFIXE=" + En_Utf8(Prefixe) + '\0') == std::string::npos)
+        continue;
+      std::istringstream Lignes(Lire(Processus.path() / "smaps_rollup"));
+      double Total = 0;
+      for (std::string Mot; Lignes >> Mot;) {
+        double Ko = 0;
+        if (Mot.starts_with("Private_") && Lignes >> Ko) Total += Ko;
+      }
+      return Total;
+    }
+    throw Pas_Venu("le programme ne tourne pas");
+  }
+  /// Percent of one processor that the program takes.
+  double Processeur(double Secondes) const {
+    const double Avant = Secondes_De_Processeur();
+    const auto Debut = Horloge::now();
+    Sleep(static_cast<DWORD>(Secondes * 1000));
+    return (Secondes_De_Processeur() - Avant) / Millisecondes(Horloge::now() - Debut).count() * 1e5;
+  }
+  /// The longest of so many answers of the main window, in milliseconds.
+  double Reponse(int Fois) const {
+    double Pire = 0;
+    for (int I = 0; I < Fois; ++I, Sleep(37)) {
+      const auto Debut = Horloge::now();
+      FMain.Envoyer(WM_NULL);
+      Pire = std::max(Pire, Millisecondes(Horloge::now() - Debut).count());
+    }
+    return Pire;
+  }
+};
+
+struct Passe {
+  double Blocs, Dedans, Total, Croissance;
+};
+Passe Transferer(Banc& B, double Octets, int Attente_Ms) {
+  B.Installer({{"E0300.ing", Contenu("APPLICATION", static_cast<std::size_t>(Octets))}}, Attente_Ms);
+  B.Mettre_A_Jour("Oui");
+  Sleep(1000);
+  const double Avant = B.Prives();
+  const auto [Blocs, Dedans, Total] = B.Chrono(90);
+  return {Blocs, Dedans, Total, B.Prives() - Avant};
+}
+
+// The same reads and exchanges as a transfer, without the program; the library writes the times.
+void Boucle_Nue(const Banc& B) {
+  using Un_Echange =
+      std::int16_t __stdcall(std::int16_t, std::int16_t, std::uint8_t*, std::int32_t*, std::uint8_t*, std::int32_t*);
+  const HMODULE Dll = LoadLibraryW((B.Dossier / "Galclw32.dll").c_str());
+  auto* const Echange = reinterpret_cast<Un_Echange*>(reinterpret_cast<void*>(GetProcAddress(Dll, "Echange")));
+  std::ifstream Fichier(B.Dossier / "Logiciels/E0300.ing", std::ios::binary);
+  std::uint8_t Trame[5 + 2043] = {1, 0, 0, 0x98, 1}, Reponse[2];
+  while (Fichier.read(reinterpret_cast<char*>(Trame + 5), sizeof Trame - 5), Fichier.gcount() > 0) {
+    if (Fichier.peek() == EOF) Trame[4] |= 0x10;
+    std::int32_t Longueur = static_cast<std::int32_t>(5 + Fichier.gcount()), Recus = sizeof Reponse;
+    Echange(0, 0, Trame, &Longueur, Reponse, &Recus);
+    Trame[4] = 0;
+  }
+  FreeLibrary(Dll);
+}
+
+// Whatever else runs on the machine only adds: the best of three runs.
+void Ligne_Galss(Banc& B) {
+  for (const auto& [Attente, Octets, Cible] : {std::tuple{10, 999'999.0, 97.0}, {178, 30 * Bloc, 99.5}}) {
+    double Part = 0, Croissance = 1e9;
+    for (int I = 0; I < 3; ++I) {
+      const Passe P = Transferer(B, Octets, Attente);
+      Part = std::max(Part, P.Dedans / P.Total * 100);
+      Croissance = std::min(Croissance, P.Croissance);
+    }
+    Ligne("line: time inside Echange, answers after " + std::to_string(Attente) + " ms", Part, "%", Cible,
+          Sens::Au_Moins);
+    if (Attente == 10) Ligne("memory: growth over a transfer of 999 999 bytes", Croissance, "KB", 128);
+  }
+  std::vector<double> Propres, Nus;
+  for (int I = 0; I < 3; ++I) {
+    const Passe P = Transferer(B, 999'999, 0);
+    Propres.push_back((P.Total - P.Dedans) / (P.Blocs - 1));
+    B.Programme.Tuer();
+    Boucle_Nue(B);
+    const auto [Blocs, Dedans, Total] = B.Chrono(30);
+    Nus.push_back((Total - Dedans) / (Blocs - 1));
+  }
+  Ligne("line: own cost of a block, repaints included", Meilleur(Propres), "us", 309);
+  Informer("line: a block of the bare loop", Meilleur(Nus), "us");
+}
+
+/// Milliseconds until a program's window is visible, then until it waits for the operator.
+std::pair<double, double> Depart_De(const std::string& Commande) {
+  Programme_Lance P;
+  const auto Debut = Horloge::now();
+  P.Lancer(Commande, "C:\\");
+  while (P.Fenetres().empty()) Sleep(1);
+  const auto Visible = Horloge::now();
+  WaitForInputIdle(P.Processus(), INFINITE);
+  P.Fenetres().front().Envoyer(WM_NULL);
+  const auto Pret = Horloge::now();
+  P.Tuer();
+  return {Millisecondes(Visible - Debut).count(), Millisecondes(Pret - Debut).count()};
+}
+
+void Depart(Banc& B) {
+  Fichiers Vingt_Six;
+  for (const char* Genre : {"E", "Fexa"}) {
+    for (int I = 10; I < 36; ++I) Vingt_Six[Genre + std::to_string(I) + "00.ing"] = "";
+  }
+  B.Installer(Vingt_Six);
+  const RECT Place = B.FMain.Place();
+  const std::string Controles = std::to_string(B.FMain.Enfants().size());
+  const std::string Nue = Entre_Guillemets(Poste::Programmes() / "banc.exe") + " nue " +
+                          std::to_string(Place.right - Place.left) + " " + std::to_string(Place.bottom - Place.top) +
+                          " ";
+  const std::string Cent_Mille =
+      En_Utf8((Poste::Programmes().parent_path() / "mesures/pavorin-mesure-100000").make_preferred().wstring());
+  const std::map<std::string, std::string> Cas = {{"bare", Nue + "0"},
+                                                  {"labels", Nue + Controles},
+                                                  {"26 files", ""},
+                                                  {"absent", "C:\\Absent"},
+                                                  {"100 000", Cent_Mille}};
+  std::map<std::string, std::vector<double>> Visibles, Prets;
+  for (int I = 0; I < 9; ++I) {
+    for (const auto& [Nom, Valeur] : Cas) {
+      const bool Temoin = Valeur.starts_with(Nue);
+      if (!Temoin) B.Installer(Vingt_Six, 0, Valeur.empty() ? std::nullopt : std::optional(Valeur));
+      B.Programme.Tuer();
+      const auto [Visible, Pret] = Depart_De(Temoin ? Valeur : Entre_Guillemets(B.Dossier / "Pavorin.exe"));
+      Visibles[Nom].push_back(Visible);
+      Prets[Nom].push_back(Pret);
+    }
+  }
+  const double Pret = Meilleur(Prets["26 files"]);
+  Informer("start: usable with 26 files of each kind", Pret, "ms");
+  Ligne("start:   beside a bare window of the same size", Pret / Meilleur(Prets["bare"]), "times", 1.3);
+  Informer("start:   beside that window with " + Controles + " plain labels", Pret / Meilleur(Prets["labels"]),
+           "times");
+  for (const char* Nom : {"absent", "100 000"}) {
+    Ligne(std::string("start: window visible, directory: ") + Nom + ", beside 26 files",
+          Meilleur(Visibles[Nom]) / Meilleur(Visibles["26 files"]), "times", 1.15);
+  }
+}
+
+void Attentes(Banc& B) {
+  B.Installer({{"Fexa0500.ing", Contenu("NOYAU", 3000)}});
+  B.Mettre_A_Jour("Oui");
+  B.Chrono(20);
+  Sleep(500);
+  Ligne("wait: processor during the 25 s pause", B.Processeur(12), "%", 1);
+  Ligne("wait: longest answer of the window meanwhile", B.Reponse(100), "ms", 50);
+}
+
+void Memoire(Banc& B) {
+  B.Installer({{"E0300.ing", Contenu("APPLICATION", 3000)}});
+  double Avant = 0;
+  for (int Tour = 0; Tour < 200; ++Tour) {
+    B.Mettre_A_Jour("Non");
+    if (Tour == 20) Avant = B.Prives();
+  }
+  Ligne("memory: growth over 180 updates", B.Prives() - Avant, "KB", 128);
+}
+
+// The reader sends byte by byte, at the pace of 9600 bauds; its record counts them.
+void Serie(Banc& B) {
+  const auto Emis = [&] {
+    const std::string Journal = B.Journal_Serie();
+    int Combien = 0;
+    for (auto I = Journal.find("émis"); I != Journal.npos; I = Journal.find("émis", I + 1)) ++Combien;
+    return Combien;
+  };
+  std::vector<double> Retards;
+  for (int I = 0; I < 5; ++I) {
+    B.Installer({});
+    B.Brancher_Serie("morceaux = 1\ndelai_morceaux_ms = 1");
+    const int Tous = Emis() + 3 * 9 + 123;
+    B.FMain.Menu("MnLecteur");
+    while (Emis() < Tous) Sleep(1);
+    const auto Debut = Horloge::now();
+    while (!B.Programme.Fenetre("FrmResultParam")) Sleep(1);
+    Retards.push_back(Millisecondes(Horloge::now() - Debut).count());
+  }
+  Ligne("serial: from the reader's last byte to the verdict shown", Meilleur(Retards), "ms", 20);
+  B.Installer({});
+  B.Brancher_Serie("silence = tout");
+  B.FMain.Menu("MnLecteur");
+  Sleep(200);
+  Ligne("wait: processor during the serial waits", B.Processeur(2), "%", 1);
+  Ligne("wait: longest answer of the window meanwhile", B.Reponse(20), "ms", 50);
+}
+
+}  // namespace
+
+int main(int Nombre, char** Arguments) try {
+  const std::vector<std::string> Voulues(Arguments + 1, Arguments + Nombre);
+  if (Nombre == 5 && Voulues[0] == "nue")
+    return Fenetre_Nue(std::stoi(Voulues[1]), std::stoi(Voulues[2]), std::stoi(Voulues[3]));
+  SetConsoleOutputCP(CP_UTF8);
+  SetProcessDPIAware();
+  Banc B;
+  const std::pair<const char*, void (*)(Banc&)> Etapes[] = {
+      {"ligne_galss", Ligne_Galss}, {"depart", Depart}, {"attentes", Attentes}, {"memoire", Memoire}, {"serie", Serie}};
+  for (const auto& [Nom, Mesurer] : Etapes) {
+    if (Voulues.empty() || std::ranges::count(Voulues, Nom) > 0) Mesurer(B);
+  }
+  Ligne("size: program file", static_cast<double>(fs::file_size(Poste::Programmes() / "Pavorin.exe")) / 1000, "KB",
+        1000);
+  return Manques > 0;
+} catch (const std::exception& Erreur) {
+  std::printf("%s\n", Erreur.what());
+  return 2;
+}

@@ -1,0 +1,11 @@
+// Entry point of the end-to-end tests.
+
+#include <gtest/gtest.h>
+
+#include "tests/bout_en_bout/Poste_Windows.h"
+
+int main(int Nombre, char** Arguments) {
+  Preparer_Session();
+  testing::InitGoogleTest(&Nombre, Arguments);
+  return RUN_ALL_TESTS();
+}

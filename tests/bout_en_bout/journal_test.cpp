@@ -1,0 +1,55 @@
+// The support journal of the real program, and its replay through the real simulated library.
+
+#include "tests/bout_en_bout/Cas.h"
+
+namespace {
+
+struct Journal : Cas {
+  void Charger_Jusqu_Au_Refus() {
+    Mettre_A_Jour(Noyau + "\n\r" + Appli + "\n\r");
+    Attendre_Volet("Arrêt du Galss\n", 60);
+    EXPECT_NE(Volet().find("Problème lors du Chargement."), std::string::npos);
+  }
+};
+
+TEST_F(Journal, D_Un_Bloc_Refuse_Dit_Pourquoi_Et_Se_Rejoue) {
+  Lancer({.Scenario = "bloc-refuse", .Arguments = "/journal"});
+  Charger_Jusqu_Au_Refus();
+  const std::string Volet_Note = Volet();
+  FMain["CmdQuitter"].Cliquer();
+  EXPECT_EQ(Attendre_Fin(), 0U);
+  std::string Nom;
+  for (const auto& Fichier : fs::directory_iterator(Dossier)) {
+    if (Fichier.path().extension() == ".journal") Nom = Fichier.path().filename().string();
+  }
+  EXPECT_EQ(Nom.substr(0, 8), "Pavorin-");
+  const std::string Texte = Lire(Dossier / Nom);
+  for (const char* Attendu :
+       {"\xEF\xBB\xBFJournal de Pavorin, format 1\r\n", " POSTE programme=\"", " POSTE windows=\"",
+        " POSTE bibliotheque=\"",
+        " POSTE operations=\"DebutExclusivite, Echange, FermerSession, FinExclusivite, OuvrirSession\"",
+        " REGLAGE Lire fichier=\"", " BOITE ouverte titre=\"TELECHARGER\"", " FICHIER Ouvrir chemin=\"",
+        "sens=\"Erreur de Téléchargement 52:Format de logiciel incorrect\"\r\n", " FIN quitter\r\n"}) {
+    EXPECT_NE(Texte.find(Attendu), std::string::npos) << Attendu << "\n" << Texte;
+  }
+  fs::remove(Dossier / "trace.txt");
+  Donner_Scenario("rejouer = " + Nom);
+  Relancer();
+  Charger_Jusqu_Au_Refus();
+  EXPECT_EQ(Volet(), Volet_Note);
+  FMain["CmdQuitter"].Cliquer();
+  EXPECT_EQ(Attendre_Fin(), 0U);
+  EXPECT_EQ(Trace(), "SCENARIO: scenario.txt\n");
+}
+
+TEST_F(Journal, Impossible_A_Ecrire) {
+  Lancer({.Arguments = "/journal:C:\\nulle\\part"});
+  const Boite_Vue Ouverte = Boite("Pavorin");
+  EXPECT_TRUE(Ouverte.Tout.starts_with("! OK : Le journal demandé ne peut pas être écrit :\r\n")) << Ouverte.Tout;
+  EXPECT_TRUE(Ouverte.Tout.ends_with("\r\nLe programme continue sans journal.")) << Ouverte.Tout;
+  Ouverte.Repondre("OK");
+  Mettre_A_Jour(Noyau + "\n\r" + Appli + "\n\r", "Non");
+  Attendre_Volet("Arrêt du Galss\n");
+}
+
+}  // namespace
