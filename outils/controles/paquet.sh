@@ -58,7 +58,9 @@ signature() {
 }
 
 essai() {
-  cmake --build --preset windows --target pilote && python3 -B outils/paquet_essai.py $lieu/1/*.zip
+  cmake --build --preset windows --target bout_en_bout_test &&
+    PAVORIN_PAQUET="Z:$PWD/$lieu/ouvert" tests/wine.sh build/windows/bout_en_bout_test.exe --gtest_filter='*Entrainement' |
+    tee /dev/stderr | grep -q 'PASSED  ] 1 test'
 }
 
 # Another hour, another place in the world, other rights on new files.
@@ -74,7 +76,7 @@ verifier "bibliothèque sans date" sans_date build/windows/simulateur/Galclw32.d
 verifier "images du guide" images_du_guide
 verifier "signature" signature
 # The package is for 32 bits: without 32-bit Wine it cannot be tried.
-if [ -e build/windows64.choix ]; then echo "Paquet non essayé : pas de Wine 32 bits."; else
+if [ "$(outils/installer.sh)" = windows64 ]; then echo "Paquet non essayé : pas de Wine 32 bits."; else
   verifier "entraînement" essai
 fi
 echo "$passes passed, $echecs failed"
