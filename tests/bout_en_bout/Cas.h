@@ -29,7 +29,7 @@ class Cas : public testing::Test, protected Poste {
     if (!HasFailure()) return;
     ::Photographier({0, 0, GetSystemMetrics(SM_CXSCREEN), GetSystemMetrics(SM_CYSCREEN)}, Dossier / "echec.png");
     const std::string Dernieres = Trace();
-    ADD_FAILURE() << "Volet :\n"
+    ADD_FAILURE() << Etape << "\nVolet :\n"
                   << (FMain ? Volet() : "") << "\nLecteur :\n"
                   << Dernieres.substr(Dernieres.size() - std::min<std::size_t>(1500, Dernieres.size()));
   }

@@ -98,7 +98,7 @@ TEST_F(Serie, Echecs_Puis_Reponse) {
     Etape = Scenario;
     Demander_Test(Scenario);
     Attendre("échec", [&] { return Rouges() || Volet().starts_with("Erreur n° : "); });
-    EXPECT_TRUE(Volet().starts_with(Volet_Voulu)) << Etape << "\n" << Volet() << Affichage();
+    EXPECT_TRUE(Volet().starts_with(Volet_Voulu)) << Volet() << Affichage();
     Verifier_Utilisable();
     Reussir();
   }
