@@ -11,7 +11,6 @@ namespace {
 constexpr std::int16_t Abandon_Materiel = 64;
 constexpr std::int16_t Reponse_Trop_Petite = 16;
 constexpr std::int16_t Erreur_Protocole = 512;
-constexpr std::int16_t Session_Inconnue = 4096;
 
 Cible Cible_De(Role_Trame Role) {
   return Role == Role_Trame::Demande ? Cible::Demande

@@ -7,7 +7,6 @@
 
 namespace {
 
-constexpr std::int16_t Session_Inconnue = 4096;
 constexpr std::int16_t LAD_Refuse = 8192;
 
 /// The spellings that the program tries, in order, while the answer is LAD_Refuse.

@@ -13,6 +13,9 @@
 #include "simulator/Scenario.h"
 #include "simulator/Tampon.h"
 
+/// What the library answers to whatever needs an open session when there is none.
+inline constexpr std::int16_t Session_Inconnue = 4096;
+
 class Lecteur_Simule {
  public:
   explicit Lecteur_Simule(Scenario Reglages = {});

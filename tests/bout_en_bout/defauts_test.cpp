@@ -73,8 +73,9 @@ struct Defauts : Cas, testing::WithParamInterface<std::tuple<const Famille*, std
       Repondre("attention", Terminal);
     } else {
       Repondre("TELECHARGER", Confirmation + Appli + "\r\n", "Oui");
+      Attendre_Volet("Arrêt du Galss\n", 40);
     }
-    Attendre("fin de la mise à jour", [&] { return Volet().ends_with("Arrêt du Galss\n"); }, 40);
+    Verifier_Utilisable();
     const bool Reussi = Volet().find("Chargement Réussi.") != std::string::npos;
     EXPECT_EQ(Reussi, Voulue == Fin::Succes);
     const auto Tous = Recus();
@@ -84,7 +85,6 @@ struct Defauts : Cas, testing::WithParamInterface<std::tuple<const Famille*, std
 
   void Verifier_Calme() {
     EXPECT_EQ(Trace().find("FAUTE"), std::string::npos);
-    Verifier_Utilisable();
     EXPECT_TRUE(FMain["TxtDetails"].Visible());
     EXPECT_TRUE(Volet().starts_with(Entete));
     Donner_Scenario(F.Base);
