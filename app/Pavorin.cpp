@@ -4,11 +4,9 @@
 #include "app/Ligne_Commande.h"
 #include "journal/Poste_Journalise.h"
 #include "windows/fenetres/Fenetrage_Windows.h"
-#include "windows/systeme/Demarrage_Windows.h"
-#include "windows/systeme/Disque_Windows.h"
+#include "windows/systeme/Fichiers_Windows.h"
 #include "windows/systeme/Galss_Windows.h"
 #include "windows/systeme/Port_Serie_Windows.h"
-#include "windows/systeme/Profil_Windows.h"
 #include "windows/systeme/Releve_Windows.h"
 #include "windows/systeme/Systeme_Windows.h"
 

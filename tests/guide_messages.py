@@ -10,7 +10,7 @@ import sys
 RACINE = pathlib.Path(__file__).resolve().parent.parent
 SOURCES = ["update/*.cpp", "download/*.cpp", "galss/*.cpp", "serial/*.cpp", "app/*.cpp",
            "ui/Graphic.cpp", "ui/FrmAnimCharg.cpp", "platform/Erreur.cpp",
-           "windows/systeme/Galss_Windows.cpp", "windows/systeme/Disque_Windows.cpp",
+           "windows/systeme/Galss_Windows.cpp", "windows/systeme/Fichiers_Windows.cpp",
            "windows/systeme/Appel_Protege.cpp", "windows/fenetres/Fenetrage_Windows.cpp",
            "windows/fenetres/Fenetre_Native.cpp"]
 

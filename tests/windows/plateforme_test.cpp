@@ -9,11 +9,9 @@
 #include <sstream>
 
 #include "galss/End_Process_Galls.h"
-#include "windows/systeme/Demarrage_Windows.h"
-#include "windows/systeme/Disque_Windows.h"
+#include "windows/systeme/Fichiers_Windows.h"
 #include "windows/systeme/Galss_Windows.h"
 #include "windows/systeme/Port_Serie_Windows.h"
-#include "windows/systeme/Profil_Windows.h"
 #include "windows/systeme/Releve_Windows.h"
 #include "windows/systeme/Systeme_Windows.h"
 #include "windows/systeme/Texte_Windows.h"

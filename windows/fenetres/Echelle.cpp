@@ -2,7 +2,7 @@
 
 #include <optional>
 
-#include "windows/systeme/Recherche_Dll.h"
+#include "windows/systeme/Fonction_Module.h"
 
 namespace {
 

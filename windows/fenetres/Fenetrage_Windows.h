@@ -12,7 +12,7 @@
 #include "platform/Fenetrage.h"
 #include "windows/fenetres/Fenetre_Native.h"
 #include "windows/fenetres/Polices.h"
-#include "windows/systeme/Demarrage_Windows.h"
+#include "windows/systeme/Systeme_Windows.h"
 
 class Fenetrage_Windows : public Fenetrage, public Hote {
  public:

@@ -7,7 +7,7 @@
 #include "windows/fenetres/Dessins.h"
 #include "windows/fenetres/Fabrique_Pairs.h"
 #include "windows/fenetres/Menu_Natif.h"
-#include "windows/systeme/Demarrage_Windows.h"
+#include "windows/systeme/Systeme_Windows.h"
 #include "windows/systeme/Texte_Windows.h"
 
 namespace {

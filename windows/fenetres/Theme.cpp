@@ -3,7 +3,7 @@
 #include <uxtheme.h>
 #include <vssym32.h>
 
-#include "windows/systeme/Recherche_Dll.h"
+#include "windows/systeme/Fonction_Module.h"
 
 namespace {
 

@@ -10,7 +10,7 @@
 #include <cstring>
 #include <span>
 
-#include "windows/systeme/Recherche_Dll.h"
+#include "windows/systeme/Fonction_Module.h"
 #include "windows/systeme/Texte_Windows.h"
 
 namespace {
