@@ -11,7 +11,7 @@
 
 #include "platform/Fenetrage.h"
 #include "windows/fenetres/Fenetre_Native.h"
-#include "windows/fenetres/Polices.h"
+#include "windows/fenetres/Outils_Dessin.h"
 #include "windows/systeme/Systeme_Windows.h"
 
 class Fenetrage_Windows : public Fenetrage, public Hote {

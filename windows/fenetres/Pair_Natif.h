@@ -11,11 +11,9 @@
 #include <vector>
 
 #include "ui/controles/Controles.h"
-#include "windows/fenetres/Echelle.h"
 #include "windows/fenetres/Foyer.h"
 #include "windows/fenetres/Hote.h"
-#include "windows/fenetres/Objets_Gdi.h"
-#include "windows/fenetres/Polices.h"
+#include "windows/fenetres/Outils_Dessin.h"
 
 class Pair_Natif;
 

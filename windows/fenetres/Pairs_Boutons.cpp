@@ -5,7 +5,7 @@
 
 #include <algorithm>
 
-#include "windows/fenetres/Theme.h"
+#include "windows/fenetres/Outils_Dessin.h"
 #include "windows/systeme/Texte_Windows.h"
 
 namespace {

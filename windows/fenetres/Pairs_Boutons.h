@@ -3,8 +3,8 @@
 // operator's theme; the others are the system's.
 
 #include "windows/fenetres/Dessins.h"
+#include "windows/fenetres/Outils_Dessin.h"
 #include "windows/fenetres/Pair_Natif.h"
-#include "windows/fenetres/Theme.h"
 
 class Pair_Bouton : public Pair_Natif {
  public:

@@ -6,7 +6,7 @@
 #include <cmath>
 #include <utility>
 
-#include "windows/fenetres/Theme.h"
+#include "windows/fenetres/Outils_Dessin.h"
 #include "windows/systeme/Texte_Windows.h"
 
 Pair_Cadre::Pair_Cadre(Surface& Lieu, Cadre& Sien) : Pair_Natif(Lieu, Sien) {

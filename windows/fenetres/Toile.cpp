@@ -1,4 +1,4 @@
-#include "windows/fenetres/Toile.h"
+#include "windows/fenetres/Dessins.h"
 
 #include <cmath>
 #include <vector>

@@ -1,6 +1,49 @@
-#include "windows/fenetres/Polices.h"
+#include "windows/fenetres/Outils_Dessin.h"
+
+#include <uxtheme.h>
+#include <vssym32.h>
 
 #include <algorithm>
+
+#include "windows/systeme/Fonction_Module.h"
+
+namespace {
+
+// Since Windows 10, version 1607.
+std::optional<int> Dpi_Par_Fenetre(HWND Fenetre) {
+  static auto* const Demander =
+      Fonction_Module<UINT __stdcall(HWND)>(GetModuleHandleW(L"user32.dll"), "GetDpiForWindow");
+  if (Demander == nullptr) return {};
+  const UINT Dpi = Demander(Fenetre);
+  return Dpi == 0 ? std::optional<int>() : static_cast<int>(Dpi);
+}
+
+// Since Windows 8.1.
+std::optional<int> Dpi_Par_Ecran(HWND Fenetre) {
+  static auto* const Demander = Fonction_Module<HRESULT __stdcall(HMONITOR, int, UINT*, UINT*)>(
+      Bibliotheque_Systeme(L"shcore.dll"), "GetDpiForMonitor");
+  if (Demander == nullptr) return {};
+  UINT X = 0, Y = 0;
+  constexpr int Effectif = 0;
+  const HMONITOR Ecran = MonitorFromWindow(Fenetre, MONITOR_DEFAULTTONEAREST);
+  if (FAILED(Demander(Ecran, Effectif, &X, &Y))) return {};
+  return static_cast<int>(X);
+}
+
+int Dpi_Systeme() {
+  const HDC Dc = GetDC(nullptr);
+  const int Dpi = GetDeviceCaps(Dc, LOGPIXELSX);
+  ReleaseDC(nullptr, Dc);
+  return Dpi;
+}
+
+}  // namespace
+
+Echelle Echelle_De_Fenetre(HWND Fenetre) {
+  if (const auto Dpi = Dpi_Par_Fenetre(Fenetre)) return {*Dpi};
+  if (const auto Dpi = Dpi_Par_Ecran(Fenetre)) return {*Dpi};
+  return {Dpi_Systeme()};
+}
 
 namespace {
 
@@ -95,4 +138,42 @@ HFONT Polices::Fabriquer(const Cle& Voulue) {
   return CreateFontW(-Voulue.Corps, Largeur, 0, 0, Voulue.Gras ? FW_BOLD : FW_NORMAL, FALSE,
                      Voulue.Souligne, FALSE, DEFAULT_CHARSET, OUT_TT_PRECIS, CLIP_DEFAULT_PRECIS,
                      CLEARTYPE_QUALITY, VARIABLE_PITCH | FF_SWISS, Famille_);
+}
+
+namespace {
+
+// A function of uxtheme.dll; null where there is none.
+template <typename Fonction>
+Fonction* Du_Theme(const char* Nom) {
+  static const HMODULE Module = Bibliotheque_Systeme(L"uxtheme.dll");
+  return Module == nullptr ? nullptr : Fonction_Module<Fonction>(Module, Nom);
+}
+
+}  // namespace
+
+void Fermer_Theme::operator()(void* Ouvert) const {
+  static auto* const Fermer = Du_Theme<decltype(CloseThemeData)>("CloseThemeData");
+  Fermer(Ouvert);
+}
+
+Theme::Theme(HWND Controle, const wchar_t* Classe) {
+  static auto* const Ouvrir = Du_Theme<decltype(OpenThemeData)>("OpenThemeData");
+  if (Ouvrir != nullptr) Ouvert_.reset(Ouvrir(Controle, Classe));
+}
+
+void Theme::Peindre_Fond(HDC Dc, int Partie, int Etat, const RECT& Ici) const {
+  static auto* const Peindre = Du_Theme<decltype(DrawThemeBackground)>("DrawThemeBackground");
+  Peindre(Ouvert_.get(), Dc, Partie, Etat, &Ici, nullptr);
+}
+
+std::optional<COLORREF> Theme::Couleur_Texte(int Partie, int Etat) const {
+  static auto* const Demander = Du_Theme<decltype(GetThemeColor)>("GetThemeColor");
+  COLORREF Teinte = 0;
+  const bool Dite = SUCCEEDED(Demander(Ouvert_.get(), Partie, Etat, TMT_TEXTCOLOR, &Teinte));
+  return Dite ? std::optional(Teinte) : std::nullopt;
+}
+
+void Theme::Retirer(HWND Controle) {
+  static auto* const Poser = Du_Theme<decltype(SetWindowTheme)>("SetWindowTheme");
+  if (Poser != nullptr) Poser(Controle, L"", L"");
 }
