@@ -2,81 +2,56 @@
 
 #include <utility>
 
-#include "windows/fenetres/Pair_Champ_Texte.h"
-#include "windows/fenetres/Pairs_Boutons.h"
-#include "windows/fenetres/Pairs_Fixes.h"
-#include "windows/fenetres/Pairs_Listes.h"
+namespace {
 
-template <typename Pair, typename... Arguments>
-Pair& Fabrique_Pairs::Ajouter(Arguments&&... Donnes) {
-  auto Nouveau = std::make_unique<Pair>(Lieu_, std::forward<Arguments>(Donnes)...);
-  Pair& Reference = *Nouveau;
-  Reference.Modele().Attacher(&Reference);
-  Lieu_.Pairs.push_back(std::move(Nouveau));
-  return Reference;
-}
-
-void Fabrique_Pairs::Fabriquer() {
-  for (Controle* const Un : Maison_.Controles()) {
-    Un->Accueillir(*this);
-    Dans_Groupe_ = dynamic_cast<Option*>(Un) != nullptr;
+class Fabrique : public Visiteur_Controles {
+ public:
+  Fabrique(Surface& Lieu, Fenetre& Maison) : Lieu_(Lieu), Maison_(Maison) {
+    for (Controle* const Un : Maison_.Controles()) {
+      Un->Accueillir(*this);
+      Dans_Groupe_ = dynamic_cast<Option*>(Un) != nullptr;
+    }
   }
-  Superposer();
-}
+
+  void Visiter(Barre_Progression& C) override { Ajouter(Nouveau_Pair(Lieu_, C)); }
+  void Visiter(Bouton& C) override { Ajouter(Nouveau_Pair(Lieu_, C, Maison_.Bouton_Entree == &C)); }
+  void Visiter(Cadre& C) override { Ajouter(Nouveau_Pair(Lieu_, C)); }
+  void Visiter(Champ_Texte& C) override { Ajouter(Nouveau_Pair(Lieu_, C)); }
+  void Visiter(Etiquette& C) override { Ajouter(Nouveau_Pair(Lieu_, C)); }
+  void Visiter(Image& C) override { Ajouter(Nouveau_Pair(Lieu_, C)); }
+  void Visiter(Liste_Deroulante& C) override { Ajouter(Nouveau_Pair(Lieu_, C)); }
+  void Visiter(Liste_Lecteurs& C) override { Ajouter(Nouveau_Pair(Lieu_, C)); }
+  void Visiter(Liste_Repertoires& C) override { Ajouter(Nouveau_Pair(Lieu_, C)); }
+  void Visiter(Option& C) override { Ajouter(Nouveau_Pair(Lieu_, C, !Dans_Groupe_)); }
+  void Visiter(Trait& C) override { Ajouter(Nouveau_Pair(Lieu_, C)); }
+
+ private:
+  void Ajouter(std::unique_ptr<Pair_Natif> Nouveau) {
+    Nouveau->Modele().Attacher(Nouveau.get());
+    Lieu_.Pairs.push_back(std::move(Nouveau));
+  }
+
+  Surface& Lieu_;
+  Fenetre& Maison_;
+  bool Dans_Groupe_ = false;  // the control before is an option
+};
 
 // Earlier controls lie above later ones; a frame must lie below its content, and a label below the
 // control whose edge it touches.
-void Fabrique_Pairs::Superposer() {
-  for (const auto& Pair : Lieu_.Pairs) {
-    if (dynamic_cast<Pair_Cadre*>(Pair.get()) != nullptr) Pair->Passer_Dessous(HWND_BOTTOM);
-    if (dynamic_cast<Pair_Etiquette*>(Pair.get()) == nullptr) continue;
-    for (const auto& Autre : Lieu_.Pairs) {
+void Superposer(const Surface& Lieu) {
+  for (const auto& Pair : Lieu.Pairs) {
+    if (dynamic_cast<Cadre*>(&Pair->Modele()) != nullptr) Pair->Passer_Dessous(HWND_BOTTOM);
+    if (dynamic_cast<Etiquette*>(&Pair->Modele()) == nullptr) continue;
+    for (const auto& Autre : Lieu.Pairs) {
       const bool Dessus = Autre->Modele().Numero() > Pair->Modele().Numero();
       if (Dessus && Pair->Touche(*Autre)) Pair->Passer_Dessous(Autre->Poignee());
     }
   }
 }
 
-void Fabrique_Pairs::Visiter(Barre_Progression& C) {
-  Ajouter<Pair_Barre>(C);
-}
+}  // namespace
 
-void Fabrique_Pairs::Visiter(Bouton& C) {
-  Ajouter<Pair_Bouton>(C, Maison_.Bouton_Entree == &C);
-}
-
-void Fabrique_Pairs::Visiter(Cadre& C) {
-  Ajouter<Pair_Cadre>(C);
-}
-
-void Fabrique_Pairs::Visiter(Champ_Texte& C) {
-  Ajouter<Pair_Champ_Texte>(C);
-}
-
-void Fabrique_Pairs::Visiter(Etiquette& C) {
-  Ajouter<Pair_Etiquette>(C);
-}
-
-void Fabrique_Pairs::Visiter(Image& C) {
-  Ajouter<Pair_Image>(C);
-}
-
-void Fabrique_Pairs::Visiter(Liste_Deroulante& C) {
-  Ajouter<Pair_Liste_Deroulante>(C);
-}
-
-void Fabrique_Pairs::Visiter(Liste_Lecteurs& C) {
-  Ajouter<Pair_Lecteurs>(C);
-}
-
-void Fabrique_Pairs::Visiter(Liste_Repertoires& C) {
-  Ajouter<Pair_Repertoires>(C);
-}
-
-void Fabrique_Pairs::Visiter(Option& C) {
-  Ajouter<Pair_Option>(C, !Dans_Groupe_);
-}
-
-void Fabrique_Pairs::Visiter(Trait& C) {
-  Ajouter<Pair_Trait>(C);
+void Fabriquer_Pairs(Surface& Lieu, Fenetre& Maison) {
+  Fabrique(Lieu, Maison);
+  Superposer(Lieu);
 }

@@ -1,36 +1,26 @@
 #pragma once
-// Makes the native peer that suits each kind of control.
+// Makes the native peers of a window's controls.
+
+#include <memory>
 
 #include "ui/controles/Fenetre.h"
-#include "ui/controles/Visiteur_Controles.h"
 #include "windows/fenetres/Pair_Natif.h"
 
-class Fabrique_Pairs : public Visiteur_Controles {
- public:
-  Fabrique_Pairs(Surface& Lieu, Fenetre& Maison) : Lieu_(Lieu), Maison_(Maison) {}
+/// Peers of all the controls of the window, attached, in its surface.
+void Fabriquer_Pairs(Surface& Lieu, Fenetre& Maison);
 
-  /// Peers of all the controls of the window, attached, in its surface.
-  void Fabriquer();
+// The peer of each kind of control, not attached yet; defined beside its class.
 
-  void Visiter(Barre_Progression&) override;
-  void Visiter(Bouton&) override;
-  void Visiter(Cadre&) override;
-  void Visiter(Champ_Texte&) override;
-  void Visiter(Etiquette&) override;
-  void Visiter(Image&) override;
-  void Visiter(Liste_Deroulante&) override;
-  void Visiter(Liste_Lecteurs&) override;
-  void Visiter(Liste_Repertoires&) override;
-  void Visiter(Option&) override;
-  void Visiter(Trait&) override;
-
- private:
-  template <typename Pair, typename... Arguments>
-  Pair& Ajouter(Arguments&&... Donnes);
-
-  void Superposer();
-
-  Surface& Lieu_;
-  Fenetre& Maison_;
-  bool Dans_Groupe_ = false;  // the control before is an option
-};
+std::unique_ptr<Pair_Natif> Nouveau_Pair(Surface& Lieu, Barre_Progression& C);
+/// Par_Defaut: pressed by Enter from the whole window.
+std::unique_ptr<Pair_Natif> Nouveau_Pair(Surface& Lieu, Bouton& C, bool Par_Defaut);
+std::unique_ptr<Pair_Natif> Nouveau_Pair(Surface& Lieu, Cadre& C);
+std::unique_ptr<Pair_Natif> Nouveau_Pair(Surface& Lieu, Champ_Texte& C);
+std::unique_ptr<Pair_Natif> Nouveau_Pair(Surface& Lieu, Etiquette& C);
+std::unique_ptr<Pair_Natif> Nouveau_Pair(Surface& Lieu, Image& C);
+std::unique_ptr<Pair_Natif> Nouveau_Pair(Surface& Lieu, Liste_Deroulante& C);
+std::unique_ptr<Pair_Natif> Nouveau_Pair(Surface& Lieu, Liste_Lecteurs& C);
+std::unique_ptr<Pair_Natif> Nouveau_Pair(Surface& Lieu, Liste_Repertoires& C);
+/// Premiere: opens the group of options among which the arrow keys move.
+std::unique_ptr<Pair_Natif> Nouveau_Pair(Surface& Lieu, Option& C, bool Premiere);
+std::unique_ptr<Pair_Natif> Nouveau_Pair(Surface& Lieu, Trait& C);

@@ -46,7 +46,7 @@ void Fenetre_Native::Meubler() {
   Lieu_.Mesure = Echelle_De_Fenetre(Poignee());
   Dimensionner({});
   Poser_Icones();
-  Fabrique_Pairs(Lieu_, Modele_).Fabriquer();
+  Fabriquer_Pairs(Lieu_, Modele_);
   const Controle* const Premier = Modele_.Bouton_Entree;
   Lieu_.Clavier.Ouvrir(Poignee(),
                        Premier == nullptr ? nullptr : GetDlgItem(Poignee(), Premier->Numero()));

@@ -1,10 +1,31 @@
-#include "windows/fenetres/Pair_Champ_Texte.h"
+// The native text field: read-only, its text can be selected and copied. The pane of several lines
+// follows its newest line; a text that goes on from the one shown is appended, without flicker.
+
+#include "windows/fenetres/Fabrique_Pairs.h"
 
 #include <commctrl.h>
 
 #include "windows/systeme/Texte_Windows.h"
 
 namespace {
+
+class Pair_Champ_Texte : public Pair_Natif {
+ public:
+  Pair_Champ_Texte(Surface& Lieu, Champ_Texte& Sien);
+  void Disposer() override;
+  HBRUSH Colorer(HDC Dc) override;
+
+ protected:
+  LRESULT Recevoir(UINT Message, WPARAM W, LPARAM L) override;
+  void Actualiser_Texte() override;
+
+ private:
+  bool Plusieurs_Lignes() const;
+  void Allonger(const std::wstring& Suite);
+
+  Champ_Texte& Champ_;
+  std::string Montre_;  // the text that the native control shows
+};
 
 constexpr WPARAM Controle_A = 1;  // the character that Ctrl+A types
 
@@ -79,4 +100,8 @@ void Pair_Champ_Texte::Allonger(const std::wstring& Suite) {
   if (!Visible) return;
   Envoyer(WM_SETREDRAW, TRUE);
   Invalider();
+}
+
+std::unique_ptr<Pair_Natif> Nouveau_Pair(Surface& Lieu, Champ_Texte& C) {
+  return std::make_unique<Pair_Champ_Texte>(Lieu, C);
 }

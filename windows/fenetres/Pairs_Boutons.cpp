@@ -1,14 +1,61 @@
-#include "windows/fenetres/Pairs_Boutons.h"
+// The native buttons and options. A button with a picture is drawn here, in the look of the
+// operator's theme; the others are the system's.
+
+#include "windows/fenetres/Fabrique_Pairs.h"
 
 #include <commctrl.h>
 #include <vssym32.h>
 
 #include <algorithm>
 
+#include "windows/fenetres/Dessins.h"
 #include "windows/fenetres/Outils_Dessin.h"
 #include "windows/systeme/Texte_Windows.h"
 
 namespace {
+
+class Pair_Bouton : public Pair_Natif {
+ public:
+  // Par_Defaut: pressed by Enter from the whole window.
+  Pair_Bouton(Surface& Lieu, Bouton& Sien, bool Par_Defaut);
+  void Disposer() override;
+  void Commander(WORD Avis) override;
+  void Dessiner_Article(const DRAWITEMSTRUCT& Demande) override;
+
+ protected:
+  LRESULT Recevoir(UINT Message, WPARAM W, LPARAM L) override;
+  SIZE Place_Texte() const override;
+
+ private:
+  bool Illustre() const { return Look().Image != Dessin::Aucun; }
+  void Survoler(bool Oui);
+  void Peindre(HDC Dc, const RECT& Cadre_Bouton, UINT Etat);
+  void Peindre_Fond(HDC Dc, const Theme& Look_Du_Poste, RECT Cadre_Bouton, UINT Etat) const;
+  int Peindre_Contenu(HDC Dc, const Theme& Look_Du_Poste, const RECT& Cadre_Bouton, UINT Etat);
+  COLORREF Encre(const Theme& Look_Du_Poste, UINT Etat) const;
+
+  Bouton& Bouton_;
+  Image_Argb Dessin_;
+  bool Survole_ = false;
+};
+
+class Pair_Option : public Pair_Natif {
+ public:
+  // Premiere: opens the group of options among which the arrow keys move.
+  Pair_Option(Surface& Lieu, Option& Sienne, bool Premiere);
+  void Actualiser(Propriete Quoi) override;
+  void Commander(WORD Avis) override;
+
+ protected:
+  LRESULT Recevoir(UINT Message, WPARAM W, LPARAM L) override;
+  SIZE Place_Texte() const override;
+
+ private:
+  void Actualiser_Valeur();
+  void Aller(bool Avant);
+
+  Option& Option_;
+};
 
 constexpr BYTE Opacite_Desactive = 90;
 
@@ -185,4 +232,12 @@ void Pair_Option::Aller(bool Avant) {
 
 SIZE Pair_Option::Place_Texte() const {
   return {Largeur_De(Place()) - Pixels_96(20), 0};
+}
+
+std::unique_ptr<Pair_Natif> Nouveau_Pair(Surface& Lieu, Bouton& C, bool Par_Defaut) {
+  return std::make_unique<Pair_Bouton>(Lieu, C, Par_Defaut);
+}
+
+std::unique_ptr<Pair_Natif> Nouveau_Pair(Surface& Lieu, Option& C, bool Premiere) {
+  return std::make_unique<Pair_Option>(Lieu, C, Premiere);
 }
