@@ -7,21 +7,11 @@
 #include "tests/Machine_De_Test.h"
 #include "tests/bout_en_bout/Poste_Windows.h"
 #include "windows/fenetres/Fenetrage_Windows.h"
-#include "windows/fenetres/Nom_Accessible.h"
 #include "windows/systeme/Texte_Windows.h"
 
 namespace {
 
 std::map<HWND, std::wstring> Noms_Donnes;
-
-}  // namespace
-
-// In the place of the program's own, whose service Wine does not have.
-void Donner_Nom_Accessible(HWND Controle, const std::wstring& Nom) {
-  Noms_Donnes[Controle] = Nom;
-}
-
-namespace {
 
 struct Ecran_Natif : Fenetrage_Windows {
   Ecran_Natif(const wchar_t* Famille, Horloge_De_Test& H) : Fenetrage_Windows(Famille), Temps(H) {}
@@ -29,6 +19,8 @@ struct Ecran_Natif : Fenetrage_Windows {
   Reponse Boite_Message(std::string_view, Boutons Choix, Icone, std::string_view) override {
     return Choix == Boutons::Ok ? Reponse::Ok : Reponse::Oui;
   }
+  // Wine does not have the program's own service.
+  void Donner_Nom_Accessible(HWND Controle, const std::wstring& Nom) const override { Noms_Donnes[Controle] = Nom; }
   void Traiter_Evenements(std::chrono::milliseconds Attente) override {
     Temps.Maintenant += std::chrono::duration<double>(Attente).count();
     Fenetrage_Windows::Traiter_Evenements(std::chrono::milliseconds(0));

@@ -1,9 +1,11 @@
 #include "windows/fenetres/Fenetrage_Windows.h"
 
 #include <commctrl.h>
+#include <objbase.h>
+// After objbase.h, which declares the interfaces that it extends.
+#include <oleacc.h>
 
 #include <algorithm>
-#include <limits>
 
 #include "windows/systeme/Texte_Windows.h"
 
@@ -93,6 +95,10 @@ std::string Texte_Exception() {
   }
 }
 
+struct Liberer {
+  void operator()(IUnknown* Objet) const { Objet->Release(); }
+};
+
 BOOL CALLBACK Cacher(HWND Une, LPARAM) {
   ShowWindow(Une, SW_HIDE);
   return TRUE;
@@ -140,6 +146,19 @@ void Fenetrage_Windows::Tenir_Eveille(bool Oui) {
   Veille_.reset();
   if (Oui)
     Veille_.emplace(Ouvertes_.empty() ? nullptr : Ouvertes_.front()->Poignee(), Raison_Veille);
+}
+
+void Fenetrage_Windows::Donner_Nom_Accessible(HWND Controle, const std::wstring& Nom) const {
+  // Never undone: the names live as long as the windows, and so must the library that keeps them.
+  if (FAILED(CoInitializeEx(nullptr, COINIT_APARTMENTTHREADED))) return;
+  void* Objet = nullptr;
+  if (FAILED(CoCreateInstance(CLSID_AccPropServices, nullptr, CLSCTX_INPROC_SERVER,
+                              IID_IAccPropServices, &Objet))) {
+    return;
+  }
+  const std::unique_ptr<IAccPropServices, Liberer> Service(static_cast<IAccPropServices*>(Objet));
+  Service->SetHwndPropStr(Controle, static_cast<DWORD>(OBJID_CLIENT), CHILDID_SELF, PROPID_ACC_NAME,
+                          Nom.c_str());
 }
 
 void Fenetrage_Windows::Activer_Une_Autre(HWND Partante) const {

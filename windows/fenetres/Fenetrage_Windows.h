@@ -45,6 +45,8 @@ class Fenetrage_Windows : public Fenetrage, public Hote {
   bool Boite_Ouverte() const override { return Boites_ > 0; }
   bool Operateur_Ignore() const override { return Operateur_Ignore_; }
   bool Eveille() const override { return Veille_.has_value(); }
+  /// A system that has no such service is left as it is.
+  void Donner_Nom_Accessible(HWND Controle, const std::wstring& Nom) const override;
   void Activer_Une_Autre(HWND Partante) const override;
   void Retirer(const Pair_Fenetre& Partie) override;
 

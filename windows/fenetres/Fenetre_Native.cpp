@@ -6,7 +6,6 @@
 
 #include "windows/fenetres/Dessins.h"
 #include "windows/fenetres/Fabrique_Pairs.h"
-#include "windows/fenetres/Menu_Natif.h"
 #include "windows/systeme/Systeme_Windows.h"
 #include "windows/systeme/Texte_Windows.h"
 
@@ -24,6 +23,28 @@ RECT Surface_De_Travail(HMONITOR Ecran) {
   Infos.cbSize = sizeof Infos;
   GetMonitorInfoW(Ecran, &Infos);
   return Infos.rcWork;
+}
+
+void Remplir(HMENU Menu, const std::vector<Entree_Menu*>& Contenu) {
+  for (const Entree_Menu* const Une : Contenu) {
+    const std::wstring Texte = En_Utf16(Une->Texte());
+    if (Texte == L"-") {
+      AppendMenuW(Menu, MF_SEPARATOR, 0, nullptr);
+    } else if (Une->Sous_Menu().empty()) {
+      AppendMenuW(Menu, MF_STRING, static_cast<UINT_PTR>(Une->Numero()), Texte.c_str());
+    } else {
+      const HMENU Sous_Menu = CreatePopupMenu();
+      Remplir(Sous_Menu, Une->Sous_Menu());
+      AppendMenuW(Menu, MF_POPUP, reinterpret_cast<UINT_PTR>(Sous_Menu), Texte.c_str());
+    }
+  }
+}
+
+// Null when the system has no room for it. The window destroys it with itself.
+HMENU Creer_Menu(const Fenetre& Modele) {
+  const HMENU Barre = CreateMenu();
+  if (Barre != nullptr) Remplir(Barre, Modele.Menus());
+  return Barre;
 }
 
 }  // namespace

@@ -3,7 +3,19 @@
 #include <algorithm>
 
 #include "windows/fenetres/Fenetre_Native.h"
-#include "windows/fenetres/Menu_Natif.h"
+
+namespace {
+
+// The entry of this number; null when there is none.
+Entree_Menu* Trouver(const std::vector<Entree_Menu*>& Contenu, int Numero) {
+  for (Entree_Menu* const Une : Contenu) {
+    if (Une->Numero() == Numero) return Une;
+    if (Entree_Menu* const Dessous = Trouver(Une->Sous_Menu(), Numero)) return Dessous;
+  }
+  return nullptr;
+}
+
+}  // namespace
 
 LRESULT CALLBACK Fenetre_Native::Aiguiller(HWND Fenetre_Windows, UINT Message, WPARAM W, LPARAM L) {
   auto* const Native =
@@ -108,7 +120,7 @@ void Fenetre_Native::Commander(WPARAM W, HWND Poignee_Controle) {
     if (Pair_Natif* const Pair = Pair_De(Poignee_Controle)) Pair->Commander(HIWORD(W));
   } else if (LOWORD(W) == IDCANCEL) {
     Echapper();
-  } else if (Entree_Menu* const Entree = Trouver_Entree(Modele_, LOWORD(W))) {
+  } else if (Entree_Menu* const Entree = Trouver(Modele_.Menus(), LOWORD(W))) {
     Entree->Cliquer();
   }
 }

@@ -2,7 +2,6 @@
 
 #include <utility>
 
-#include "windows/fenetres/Nom_Accessible.h"
 #include "windows/systeme/Texte_Windows.h"
 
 Pair_Natif::~Pair_Natif() {
@@ -57,7 +56,7 @@ LRESULT Pair_Natif::Recevoir(UINT Message, WPARAM W, LPARAM L) {
 void Pair_Natif::Nommer() {
   Nomme_ = true;
   if (!Look().Nom_Accessible.empty()) {
-    Donner_Nom_Accessible(Poignee_, En_Utf16(Look().Nom_Accessible));
+    Lieu_.Ecran.Donner_Nom_Accessible(Poignee_, En_Utf16(Look().Nom_Accessible));
   }
 }
 

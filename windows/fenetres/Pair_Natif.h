@@ -1,7 +1,8 @@
 #pragma once
-// What all native controls share: their window, their place and font at the monitor's DPI, and how
-// they follow their model. A peer may outlive its native control: a model that is unloaded from
-// within its own event finds its peers still there until the event is over (Poignee_ is null then).
+// What all native controls share: what their window lends them, their place and font at the
+// monitor's DPI, and how they follow their model. A peer may outlive its native control: a model
+// that is unloaded from within its own event finds its peers still there until the event is over
+// (Poignee_ is null then).
 
 #include <windows.h>
 
@@ -12,10 +13,32 @@
 
 #include "ui/controles/Controles.h"
 #include "windows/fenetres/Foyer.h"
-#include "windows/fenetres/Hote.h"
 #include "windows/fenetres/Outils_Dessin.h"
 
+class Pair_Fenetre;
 class Pair_Natif;
+
+/// What a native window and the peers of its controls ask of the windowing that holds them. It
+/// stands below both: they know nothing else of it.
+class Hote {
+ public:
+  virtual ~Hote() = default;
+  /// The exception being handled stops here. Only inside a catch block.
+  virtual void Signaler_Exception() noexcept = 0;
+  /// A message box is up.
+  virtual bool Boite_Ouverte() const = 0;
+  /// A foreign library is being called: nothing of the operator's counts.
+  virtual bool Operateur_Ignore() const = 0;
+  /// The PC is kept awake: it is not to be shut down either.
+  virtual bool Eveille() const = 0;
+  /// Gives a control its name for screen readers, where neither its text nor a label before it
+  /// does.
+  virtual void Donner_Nom_Accessible(HWND Controle, const std::wstring& Nom) const = 0;
+  /// The window is about to go: if it is the active one, another window of ours takes over.
+  virtual void Activer_Une_Autre(HWND Partante) const = 0;
+  /// The window is gone; its peers stay until no event of theirs can be running any more.
+  virtual void Retirer(const Pair_Fenetre& Partie) = 0;
+};
 
 /// What a window lends to the peers of its controls.
 struct Surface {
