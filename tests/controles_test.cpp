@@ -155,6 +155,12 @@ TEST_F(Controles_Test, Listes_Hors_De_Leurs_Bornes) {
     D.DriveLecteur.Choisir_A_La_Main(I);
     F.FMain.CchooseNoyau.Choisir(I);
   }
+  P.Avant = [](std::string_view Appel, int) {
+    if (Appel == "Sous_Repertoires") throw std::bad_alloc();
+  };
+  Vu();
+  EXPECT_THROW(D.DirDirectory.Repertoire("C:\\a"), std::bad_alloc);
+  EXPECT_EQ(Vu(), "") << "nor has the model changed";
   EXPECT_EQ(D.DirDirectory.Repertoire(), Avant);
   EXPECT_EQ(D.DriveLecteur.Indice(), -1);
   EXPECT_EQ(F.FMain.CchooseNoyau.Indice(), Liste_Deroulante::Aucun);

@@ -39,8 +39,9 @@ void Liste_Deroulante::Ajouter(std::string Entree) {
 
 void Liste_Deroulante::Choisir(int Indice) {
   if (Indice < 0 || Indice > Derniere()) return;
+  std::string Choisie = Entrees_[static_cast<std::size_t>(Indice)];
   Indice_ = Indice;
-  Poser_Texte(Entrees_[static_cast<std::size_t>(Indice)]);
+  Poser_Texte(std::move(Choisie));
   Signaler(Propriete::Choix);
   Declencher(Clic);
 }
@@ -94,22 +95,24 @@ Liste_Repertoires::Liste_Repertoires(Lieu_Controles& Lieu, int Numero, Position 
     : Controle(Lieu, Numero, Place, std::move(Depart)), Disque_(Disque) {}
 
 void Liste_Repertoires::Montrer(std::string Nouveau) {
-  Repertoire_ = std::move(Nouveau);
-  Lignes_.clear();
-  const std::size_t Racine = Longueur_Racine(Repertoire_);
-  std::string Chemin = Repertoire_.substr(0, Racine);
-  if (!Chemin.empty()) Lignes_.push_back({Chemin, Chemin, 0});
-  for (std::size_t Debut = Racine; Debut < Repertoire_.size();) {
-    const std::size_t Fin = std::min(Repertoire_.find('\\', Debut), Repertoire_.size());
-    const std::string Nom = Repertoire_.substr(Debut, Fin - Debut);
+  std::vector<Ligne> Arbre;
+  const std::size_t Racine = Longueur_Racine(Nouveau);
+  std::string Chemin = Nouveau.substr(0, Racine);
+  if (!Chemin.empty()) Arbre.push_back({Chemin, Chemin, 0});
+  for (std::size_t Debut = Racine; Debut < Nouveau.size();) {
+    const std::size_t Fin = std::min(Nouveau.find('\\', Debut), Nouveau.size());
+    const std::string Nom = Nouveau.substr(Debut, Fin - Debut);
     Chemin = Joindre(Chemin, Nom);
-    Lignes_.push_back({Nom, Chemin, Lignes_.back().Niveau + 1});
+    Arbre.push_back({Nom, Chemin, Arbre.back().Niveau + 1});
     Debut = Fin + 1;
   }
-  const int Niveau = static_cast<int>(Lignes_.size());
-  for (const std::string& Nom : Disque_.Sous_Repertoires(Repertoire_)) {
-    Lignes_.push_back({Nom, Joindre(Repertoire_, Nom), Niveau});
+  const int Niveau = static_cast<int>(Arbre.size());
+  for (const std::string& Nom : Disque_.Sous_Repertoires(Nouveau)) {
+    Arbre.push_back({Nom, Joindre(Nouveau, Nom), Niveau});
   }
+  // Only now: a drive or a memory that fails leaves the model as its peer shows it.
+  Repertoire_ = std::move(Nouveau);
+  Lignes_ = std::move(Arbre);
   Signaler(Propriete::Contenu);
 }
 

@@ -81,7 +81,7 @@ class Liste_Repertoires : public Controle {
   Liste_Repertoires(Lieu_Controles& Lieu, int Numero, Position Place, Conception Depart,
                     Systeme_Fichiers& Disque);
 
-  /// Shows a directory without running Changement.
+  /// Shows a directory without running Changement. One that cannot be read leaves all as it was.
   void Montrer(std::string Repertoire);
   /// Moves to a directory and runs Changement at once when it is another one.
   void Repertoire(std::string Nouveau);
