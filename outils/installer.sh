@@ -18,7 +18,7 @@ poste      faire un PC Windows sur un écran virtuel                : wine fonts
 mesures    mesurer le programme                                    : libbenchmark-dev valgrind
 controles  analyser les sources et chercher des défauts au hasard  : clang clang-tidy cppcheck libclang-rt-dev python3 git
 couverture dire quelles branches les tests parcourent              : gcovr
-paquet     faire l'archive des opérateurs et son guide             : g++-mingw-w64-i686-posix zip unzip pandoc weasyprint fonts-liberation osslsigncode openssl
+paquet     faire l'archive des opérateurs et son guide             : g++-mingw-w64-i686-posix googletest zip unzip pandoc weasyprint fonts-liberation osslsigncode openssl
 "
 
 paquets_de() { sed -n "s/^$1 .* : //p" <<<"$table"; }

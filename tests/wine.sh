@@ -19,11 +19,13 @@ langue=$racine/build/locale
 export WINEDEBUG=-all WINEDLLOVERRIDES="mscoree,mshtml=d"
 export PAVORIN_LECTEUR_SERIE=$racine/build/natif/simulateur/lecteur_serie
 
-# The program tells by its header, "PE" and the machine, which Wine it needs.
-entete=$(od -An -tu4 -j60 -N4 "$1")
+# The program tells by its header, "PE" and the machine, which Wine it needs; a batch file by those beside it.
+modele=$1
+[[ $1 != *.cmd ]] || modele=${1%/*}/programmes/Pavorin.exe
+entete=$(od -An -tu4 -j60 -N4 "$modele")
 wine=(env LC_ALL=fr_FR.UTF-8 LANG=fr_FR.UTF-8 LOCPATH="$langue" wine)
 WINEARCH=win32
-if [ "$(od -An -tx2 -j$((entete + 4)) -N2 "$1")" = " 8664" ]; then
+if [ "$(od -An -tx2 -j$((entete + 4)) -N2 "$modele")" = " 8664" ]; then
   WINEARCH=win64
   if [ -x /usr/lib/wine/wine64 ]; then
     wine[-1]=/usr/lib/wine/wine64

@@ -1,11 +1,13 @@
 #!/bin/bash
-# The archive for operators: twice the same bytes, its content complete, the programs in it those
-# that were built, signed when a certificate is given, and a training update that works.
+# The archives, for operators and for testers: twice the same bytes, their content complete, the programs
+# in them those that were built, signed when a certificate is given, and a training update that works.
 set -u
 cd "$(dirname "$0")/../.."
 lieu=build/paquet
 rm -rf $lieu && mkdir -p $lieu
 passes=0 echecs=0
+archive=Pavorin-$(sed -n 's/^project(Pavorin VERSION \([0-9.]*\) .*/\1/p' CMakeLists.txt).zip
+verification=${archive%.zip}-verification.zip
 
 verifier() {
   local titre=$1
@@ -18,7 +20,7 @@ verifier() {
 }
 
 contenu() {
-  diff - <(unzip -Z1 $lieu/1/*.zip | sed 's|scenarios/.*|scenarios/|; s|[^/]*\.ing$|*.ing|' | sort -u) <<'FIN'
+  diff - <(unzip -Z1 $lieu/1/$archive | sed 's|scenarios/.*|scenarios/|; s|[^/]*\.ing$|*.ing|' | sort -u) <<'FIN'
 Guide.html
 Guide.pdf
 Nouveautes.txt
@@ -30,8 +32,30 @@ simulateur/scenarios/
 FIN
 }
 
+contenu_verification() {
+  diff - <(unzip -Z1 $lieu/1/$verification | sed 's|scenarios/.*|scenarios/|' | sort -u) <<'FIN' &&
+Lisez-moi.txt
+Treize-points.txt
+programmes/Pavorin.exe
+programmes/Pavorin_Garde.exe
+programmes/bouchon/Galclw32.dll
+programmes/bouchon/compagnon.dll
+programmes/bout_en_bout_test.exe
+programmes/decore/Galclw32.dll
+programmes/fenetres_windows_test.exe
+programmes/plateforme_windows_test.exe
+programmes/simulateur/Galclw32.dll
+programmes/simulateur/scenarios/
+verifier.cmd
+FIN
+    unzip -q -o $lieu/1/$verification -d $lieu/verification &&
+    cmp $lieu/verification/programmes/Pavorin.exe build/windows/Pavorin.exe &&
+    [ "$(grep -c $'\r$' $lieu/verification/verifier.cmd)" = "$(wc -l <tests/windows/verifier.cmd)" ] &&
+    ! LC_ALL=C grep -n '[^ -~]' tests/windows/verifier.cmd
+}
+
 identiques() {
-  unzip -q -o $lieu/1/*.zip -d $lieu/ouvert &&
+  unzip -q -o $lieu/1/$archive -d $lieu/ouvert &&
     cmp $lieu/ouvert/Pavorin.exe build/windows/Pavorin.exe &&
     cmp $lieu/ouvert/simulateur/Galclw32.dll build/windows/simulateur/Galclw32.dll
 }
@@ -53,7 +77,7 @@ signature() {
   openssl req -x509 -newkey rsa:2048 -nodes -subj /CN=Essai -days 2 -keyout $lieu/cle -out $lieu/cert &&
     openssl pkcs12 -export -inkey $lieu/cle -in $lieu/cert -passout pass:essai -out $lieu/essai.p12 &&
     PAVORIN_CERTIFICAT=$lieu/essai.p12 PAVORIN_MOT_DE_PASSE=essai ./package $lieu/signe &&
-    unzip -q -o $lieu/signe/*.zip Pavorin.exe -d $lieu/signe &&
+    unzip -q -o $lieu/signe/$archive Pavorin.exe -d $lieu/signe &&
     osslsigncode verify -CAfile $lieu/cert -in $lieu/signe/Pavorin.exe | grep -q 'CN *= *Essai'
 }
 
@@ -68,8 +92,10 @@ ailleurs() { (umask 077 && TZ=Asia/Tokyo LANG=fr_FR.UTF-8 ./package $lieu/2); }
 
 verifier "première archive" ./package $lieu/1
 verifier "seconde archive" ailleurs
-verifier "deux fois les mêmes octets" cmp $lieu/1/*.zip $lieu/2/*.zip
+verifier "deux fois les mêmes octets" cmp $lieu/1/$archive $lieu/2/$archive
+verifier "deux fois la même vérification" cmp $lieu/1/$verification $lieu/2/$verification
 verifier "contenu" contenu
+verifier "contenu de la vérification" contenu_verification
 verifier "programmes livrés" identiques
 verifier "programme sans date" sans_date build/windows/Pavorin.exe
 verifier "bibliothèque sans date" sans_date build/windows/simulateur/Galclw32.dll

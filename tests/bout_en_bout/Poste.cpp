@@ -101,9 +101,20 @@ void Poste::Lancer(const Installation& Voulue) {
   Relancer(Voulue.Arguments, Voulue.Courant);
 }
 
+// In a directory of its own for each start: a journal is named by the second.
+std::string Poste::Journal_Demande(const std::string& Arguments) const {
+  static int Rang = 0;
+  const std::string Journaux = Variable(L"PAVORIN_JOURNAUX");
+  if (Journaux.empty() || Arguments.find("/journal") != std::string::npos) return "";
+  const fs::path Le_Sien = Chemin(Journaux) / Dossier.filename() / std::to_string(++Rang);
+  fs::create_directories(Le_Sien);
+  return " /journal:" + Entre_Guillemets(Le_Sien);
+}
+
 void Poste::Relancer(const std::string& Arguments, bool Courant) {
   Programme.Tuer();
-  Programme.Lancer(Entre_Guillemets(Dossier / "Pavorin.exe") + " " + Arguments, Courant ? Dossier : fs::path("C:\\"));
+  Programme.Lancer(Entre_Guillemets(Dossier / "Pavorin.exe") + " " + Arguments + Journal_Demande(Arguments),
+                   Courant ? Dossier : fs::path("C:\\"));
   FMain = Fenetre("FMain");
 }
 

@@ -83,4 +83,8 @@ class Poste {
   fs::path Dossier;
   Programme_Lance Programme;
   Fenetre_Vue FMain;
+
+ private:
+  /// What makes a start keep its journal under the directory named by PAVORIN_JOURNAUX.
+  std::string Journal_Demande(const std::string& Arguments) const;
 };

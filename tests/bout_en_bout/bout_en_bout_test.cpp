@@ -1,4 +1,4 @@
-// Entry point of the end-to-end tests.
+// Entry point of the tests that look at windows.
 
 #include <gtest/gtest.h>
 
