@@ -4,6 +4,7 @@
 
 #include <windows.h>
 
+#include <cstdlib>
 #include <cstring>
 #include <filesystem>
 #include <fstream>
@@ -31,6 +32,16 @@ fs::path Dossier_Bibliotheque() {
   std::wstring Chemin(32768, L'\0');
   Chemin.resize(GetModuleFileNameW(Module, Chemin.data(), static_cast<DWORD>(Chemin.size())));
   return fs::path(Chemin).parent_path();
+}
+
+// A journal tells a fault of the library by the system's code, at the end of its description. Other
+// errors are of the loading, which has already succeeded here.
+void Commettre_De_Nouveau(int Numero, const std::string& Description) {
+  constexpr int Faute_Commise = 51;
+  if (Numero == Faute_Commise) {
+    const auto Code = std::strtoul(Description.c_str() + Description.rfind(' ') + 1, nullptr, 16);
+    RaiseException(Code, EXCEPTION_NONCONTINUABLE, 0, nullptr);
+  }
 }
 
 class Simulateur {
@@ -96,6 +107,7 @@ class Simulateur {
     }
     Lecteur_ = std::make_unique<Lecteur_Simule>(std::move(Lu.Contenu));
     Lecteur_->Attendre = [](int Duree) { Sleep(static_cast<DWORD>(Duree)); };
+    Lecteur_->Lever = Commettre_De_Nouveau;
     if (Tracee_) {
       Lecteur_->Ecrire_Trace = [this](const std::string& Ligne) { Tracer(Ligne); };
     }

@@ -60,6 +60,15 @@ class Cas : public testing::Test, protected Poste {
     EXPECT_EQ(Trace().find("SCENARIO: ligne"), std::string::npos);
   }
 
+  /// By a start with "/journal".
+  fs::path Journal_Ecrit() const {
+    const fs::directory_iterator Tous(Dossier);
+    const auto Lui = std::find_if(begin(Tous), end(Tous), [](const auto& F) {
+      return F.path().extension() == ".journal" && F.path().filename().string().starts_with("Pavorin-");
+    });
+    return Lui == end(Tous) ? throw Pas_Venu("journal") : Lui->path();
+  }
+
   void Verifier_Utilisable() {
     Attendre("fenêtre principale active", [&] { return FMain.Actif() && FMain["CmdQuitter"].Actif(); });
   }

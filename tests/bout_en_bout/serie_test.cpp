@@ -1,6 +1,7 @@
 // The serial reader test, on a pseudo-terminal in the place of COM1.
 
 #include "tests/bout_en_bout/Cas.h"
+#include "windows/systeme/Texte_Windows.h"
 
 namespace {
 
@@ -68,6 +69,19 @@ TEST_F(Serie, A_9600_Puis_A_19200_Puis_Fermeture_Par_Le_Cadre) {
   Fenetre("FrmResultParam").Fermer();
   Attendre_Absence("FrmResultParam");
   Verifier_Utilisable();
+}
+
+TEST_F(Serie, Journal_Se_Rejoue) {
+  Relancer("/journal");
+  Reussir();
+  FMain["CmdQuitter"].Cliquer();
+  EXPECT_EQ(Attendre_Fin(), 0U);
+  // A path of the Linux system, which Wine shows as drive Z:.
+  Brancher_Serie("rejouer = " + En_Utf8(Journal_Ecrit().generic_wstring()).substr(2));
+  Relancer();
+  Reussir("9600", "13 octobre 2005", "");
+  Demander_Test();
+  Attendre("rien de plus dans le journal", [&] { return Rouges(); });
 }
 
 TEST_F(Serie, Muet_Puis_Reponse) {
