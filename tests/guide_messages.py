@@ -24,7 +24,7 @@ MUETS = {
     "Galclw32.dll", "/port:COM", "/journal", "/journal:", "Mois incorrect : ",
     "_OuvrirSession@16", "_DebutExclusivite@16", "_Echange@24", "_FinExclusivite@4",
     "_FermerSession@8", "OuvrirSession", "DebutExclusivite", "Echange", "FinExclusivite",
-    "FermerSession",
+    "FermerSession", "AddDllDirectory", "RemoveDllDirectory", "PATH", "\\system",
     "Chargement en cours...", "Progression du chargement"}
 
 LITTERAL = r'"(?:[^"\\\n]|\\.)*"'
