@@ -6,12 +6,7 @@ namespace {
 
 class Fabrique : public Visiteur_Controles {
  public:
-  Fabrique(Surface& Lieu, Fenetre& Maison) : Lieu_(Lieu), Maison_(Maison) {
-    for (Controle* const Un : Maison_.Controles()) {
-      Un->Accueillir(*this);
-      Dans_Groupe_ = dynamic_cast<Option*>(Un) != nullptr;
-    }
-  }
+  Fabrique(Surface& Lieu, const Fenetre& Maison) : Lieu_(Lieu), Maison_(Maison) {}
 
   void Visiter(Barre_Progression& C) override { Ajouter(Nouveau_Pair(Lieu_, C)); }
   void Visiter(Bouton& C) override { Ajouter(Nouveau_Pair(Lieu_, C, Maison_.Bouton_Entree == &C)); }
@@ -28,11 +23,12 @@ class Fabrique : public Visiteur_Controles {
  private:
   void Ajouter(std::unique_ptr<Pair_Natif> Nouveau) {
     Nouveau->Modele().Attacher(Nouveau.get());
+    Dans_Groupe_ = dynamic_cast<Option*>(&Nouveau->Modele()) != nullptr;
     Lieu_.Pairs.push_back(std::move(Nouveau));
   }
 
   Surface& Lieu_;
-  Fenetre& Maison_;
+  const Fenetre& Maison_;
   bool Dans_Groupe_ = false;  // the control before is an option
 };
 
@@ -51,7 +47,8 @@ void Superposer(const Surface& Lieu) {
 
 }  // namespace
 
-void Fabriquer_Pairs(Surface& Lieu, Fenetre& Maison) {
-  Fabrique(Lieu, Maison);
+void Fabriquer_Pairs(Surface& Lieu, const Fenetre& Maison) {
+  Fabrique Atelier(Lieu, Maison);
+  for (Controle* const Un : Maison.Controles()) Un->Accueillir(Atelier);
   Superposer(Lieu);
 }

@@ -7,7 +7,7 @@
 #include "windows/fenetres/Pair_Natif.h"
 
 /// Peers of all the controls of the window, attached, in its surface.
-void Fabriquer_Pairs(Surface& Lieu, Fenetre& Maison);
+void Fabriquer_Pairs(Surface& Lieu, const Fenetre& Maison);
 
 // The peer of each kind of control, not attached yet; defined beside its class.
 
