@@ -18,7 +18,12 @@
 class Calcul_Preserve {
  public:
   Calcul_Preserve() { std::fegetenv(&Etat_); }
-  ~Calcul_Preserve() { std::fesetenv(&Etat_); }
+  ~Calcul_Preserve() {
+    // An exception noted before, and unmasked by the library since, is pending: the instruction
+    // that loads the state back would raise it.
+    asm volatile("fnclex");
+    std::fesetenv(&Etat_);
+  }
   Calcul_Preserve(const Calcul_Preserve&) = delete;
   Calcul_Preserve& operator=(const Calcul_Preserve&) = delete;
 
