@@ -236,19 +236,12 @@ void Fenetrage_Windows::Traiter_Evenements(std::chrono::milliseconds Attente) {
   if (Profondeur_ == 0 && !Boite_Ouverte()) Retirees_.clear();
   const Niveau Boucle(Profondeur_);
   Rattraper();
-  if (Pomper()) return;
+  // Does not wait while there is something in the queue, new or not.
   MsgWaitForMultipleObjectsEx(0, nullptr, Duree(Attente), QS_ALLINPUT, MWMO_INPUTAVAILABLE);
-  Pomper();
-}
-
-// True when there was something to do.
-bool Fenetrage_Windows::Pomper() {
-  bool Travail = false;
-  for (MSG Message{}; PeekMessageW(&Message, nullptr, 0, 0, PM_REMOVE); Travail = true) {
+  for (MSG Message{}; PeekMessageW(&Message, nullptr, 0, 0, PM_REMOVE);) {
     if (Message.message == WM_QUIT) Quitter();
     Distribuer(Message);
   }
-  return Travail;
 }
 
 void Fenetrage_Windows::Distribuer(MSG& Message) {

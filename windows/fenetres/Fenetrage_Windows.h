@@ -56,7 +56,6 @@ class Fenetrage_Windows : public Fenetrage, public Hote {
   bool Est_A_Nous(HWND Candidate) const;
   /// Before the operator may look for long: every window shows its model's last state.
   void Rattraper() const;
-  bool Pomper();
   void Distribuer(MSG& Message);
   void Actualiser_Activations(HWND Sauf) const;
 
