@@ -119,7 +119,7 @@ class Simulateur {
     };
   }
 
-  void Tracer(const std::string& Ligne) { Trace_ << Ligne << std::endl; }
+  void Tracer(const std::string& Ligne) { Trace_ << Ligne << '\n' << std::flush; }
 
   const fs::path Dossier_ = Dossier_Bibliotheque();
   std::string Texte_;

@@ -168,7 +168,7 @@ class Programme {
 
  private:
   void Tracer(const std::string& Ligne) {
-    (Fichier_Trace_.is_open() ? Fichier_Trace_ : std::cout) << Ligne << std::endl;
+    (Fichier_Trace_.is_open() ? Fichier_Trace_ : std::cout) << Ligne << '\n' << std::flush;
   }
 
   /// A file beside the scenario, or in the current directory without one.

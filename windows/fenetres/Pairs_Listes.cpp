@@ -99,7 +99,7 @@ void Pair_Deroulant::Disposer() {
     Envoyer(CB_SETITEMHEIGHT, static_cast<WPARAM>(-1), Ligne);
     RECT Fermee{};
     GetWindowRect(Poignee(), &Fermee);
-    Ligne = std::max(1, Ligne + static_cast<int>(Hauteur_De(Voulue) - Hauteur_De(Fermee)));
+    Ligne = std::max(1, Ligne + Hauteur_De(Voulue) - Hauteur_De(Fermee));
   }
   Actualiser_Choix();
 }

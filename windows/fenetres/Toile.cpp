@@ -37,8 +37,7 @@ class Epreuve {
     Bitmap_ = Nouveau_Bitmap({Largeur_, Taille.cy * Surfacage}, Points_);
     const Dc_Memoire Dc(CreateCompatibleDC(nullptr));
     const Selection_Gdi Choisi(Dc.get(), Bitmap_.get());
-    PatBlt(Dc.get(), 0, 0, Largeur_, Taille.cy * Surfacage,
-           static_cast<DWORD>(Fond == 0 ? BLACKNESS : WHITENESS));
+    PatBlt(Dc.get(), 0, 0, Largeur_, Taille.cy * Surfacage, Fond == 0 ? BLACKNESS : WHITENESS);
     Toile Surface(Dc.get(), Largeur_ / Grille_Largeur);
     Peindre(Surface);
     GdiFlush();
