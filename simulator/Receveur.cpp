@@ -87,6 +87,7 @@ void Receveur::Recevoir(const Trame_Recue& Trame) {
     return;
   }
   auto& Fichier = Fichiers_.back();
+  Fichier.Accepte = false;  // until its answer goes out
   Fichier.Contenu.insert(Fichier.Contenu.end(), Trame.Donnees.begin(), Trame.Donnees.end());
   Noyau_Installe_ = Noyau_Installe_ || (Fichier.Complet() && Fichier.Noyau);
 }
@@ -97,16 +98,18 @@ bool Receveur::Conclure(const Trame_Recue& Trame, bool Accord_Donne, std::uint8_
     Repondu_ = Repondu_ || Accord_Donne;
     return false;
   }
+  // A grant without room for a block ends the file, however short it is.
+  const bool Accorde = Accord_Donne && (Trame.Role != Role_Trame::Demande || Taille != 0);
   if (Ouvert_) {
-    Fichiers_.back().Accepte = Accord_Donne;
+    Fichiers_.back().Accepte = Accorde;
   }
-  if (!Accord_Donne || !Ouvert_) {
+  if (!Accorde || !Ouvert_) {
     Dernier_ = Dernier::Echoue;
     return false;
   }
   if (Trame.Role == Role_Trame::Demande) {
     // Half the size granted, less the five header bytes of the first family, in both families.
-    Donnees_Par_Bloc_ = Taille == 0 ? 0 : static_cast<std::size_t>(Taille) * 1024 / 2 - 5;
+    Donnees_Par_Bloc_ = static_cast<std::size_t>(Taille) * 1024 / 2 - 5;
     Lectures_ = 0;
     Repondu_ = false;
   }

@@ -1,20 +1,13 @@
 #pragma once
 // One case of the campaign: a scenario played by the whole program, perturbed where the case's name
-// says, then judged by the simulated reader and by the calls seen, and at last a clean run of the
-// same scenario in the same process.
+// says and judged; then a clean run of the same scenario in the same process, judged likewise.
 //
 // Name: "SCENARIO/PERTURBATION,PERTURBATION...". A perturbation is "APPEL_RANG:EFFET" or
 // "APPEL_RANG!:EFFET" (from that call on); APPEL is a platform call (Lire_2:erreur_62) or a target
 // of the simulated reader, whose own words follow (bloc_3:refus_50). "lecteur:LIGNE" adds a line to
 // the reader's scenario.
-//
-// A file whose last acknowledgement is lost is in the reader although nobody can know it: there,
-// "Chargement Réussi." is wrong. It must be shown exactly when the reader holds the whole file and
-// its consent reached the program.
 
 #include "tests/Machine_De_Test.h"
-
-class Epreuve;
 
 /// An operator's action that the open windows allow. Nom: the control's number, with the entry for a
 /// list ("204-1", "204-t" to type in it), or "fermer-" and the window's rank.
@@ -43,8 +36,6 @@ class Epreuve : public Poste_De_Test {
 
   Bilan Passer();
   bool Relever_Actions = false;
-  /// Everything but the program's memory as it was: the machine, the windows, the directory chosen.
-  void Recommencer();
 
   /// What the operator does, as a window procedure runs it: a failure stops there.
   void Agir(const std::function<void()>& Action);
@@ -57,7 +48,6 @@ class Epreuve : public Poste_De_Test {
 
   const Scenario_Campagne& Choix;
   Fenetre_Principale& FMain = App.F.FMain;
-  bool Arrete = false;
 
  private:
   struct Perturbation {
@@ -66,43 +56,52 @@ class Epreuve : public Poste_De_Test {
     bool Toujours;
     bool Frappe = false;
   };
-  struct Faits {
-    double Debut = 0;
-    std::size_t Fautes = 0;                                                         // before this run
-    int Refus = 0, Reussis = 0, Noyaux_Sans_Suite = 0, Lectures = 0;                // of the reader
-    int Levees_Dehors = 0, Levees_Connecte = 0, Levees_Dedans = 0, Levees_Fin = 0;  // to the program
-    int Succes_Montres = 0, Echappees = 0;
-    bool Connecte = false, Sans_Traitant = false;
-  };
 
   void Retablir();
   void Tenter(const std::function<void()>& Action);
   void Passer_Appel(std::string_view Appel);
-  void Frapper(Perturbation& P, std::string_view Appel);
-  [[noreturn]] void Lever(const Perturbation& P, std::string_view Appel);
-  void Voir_Echange(Vue_Octets Commande, std::int16_t Code, Vue_Octets Reponse, std::int32_t Long);
+  void Frapper(const Perturbation& P, std::string_view Appel);
   void Voir_Details();
+  void Voir_Annonce();
   void Jouer(const std::function<void(Epreuve&)>& Jeu);
-  void Exiger(bool Vrai, const std::string& Plainte);
-  void Juger_Lecteur();
-  void Juger_Session();
-  void Juger_Poste();
   void Reprendre();
+
+  void Exiger(bool Vrai, const std::string& Plainte);
+  void Juger();
+  void Juger_Poste();
+  void Juger_Lecteur();
+  void Juger_Mise_A_Jour();
+  void Juger_Fin();
+  void Juger_Test();
+  int Dit(std::string_view Ligne) const;
+  int Erreurs_Dites();
+  std::string Vue() const;
 
   std::vector<Perturbation> Perturbations_;
   Lecteur_Serie Serie_;
-  const bool Lecteur_Change_, Melange_;
-  bool Operateur_;  // clicks in this run
-  bool Quitter_Offert_ = true, Reprise_ = false;
-  Faits Vus_;
-  Bilan Bilan_;
-  Octets A_Repeter_;
+  const bool Melange_, Operateur_;  // several perturbations; clicks
+  bool Ordinaire_;                  // the scenario's own reader and files
+  bool Quitter_Offert_ = true, Reprise_ = false, Arrete_ = false;
   Cible Operation_ = Cible::Appel;
   std::string Details_;
   Octets Ancien_Reglage_;
   std::vector<std::string> Ordre_;
   std::map<std::string, Octets, std::less<>> Fichiers_;
+
+  // Of the run that is judged.
+  Bilan Bilan_;
+  std::string Recit_;                            // all that the pane said, each box whole at its place
+  std::map<std::string, int, std::less<>> Dits_;  // its lines
+  std::map<std::string_view, int> Levees_;       // failures raised, by call
+  int Echappees_ = 0;                            // that came out of an operator's action
+  double Debut_ = 0;
+  std::size_t Fautes_Avant_ = 0, Fichiers_Avant_ = 0, Annonces_ = 0;  // of the reader
+  int Lectures_Avant_ = 0;
 };
+
+/// The beginning of a longer one; a kernel's differs from an application's in every byte.
+Octets Contenu_De(std::string_view Chemin, std::size_t Taille);
+bool Est_Noyau(std::string_view Chemin);
 
 struct Scenario_Campagne {
   std::string_view Nom, Lecteur;
