@@ -40,36 +40,17 @@ std::string Texte_Lecteur(const std::string& Nom) {
   return Texte;
 }
 
-// clang-format off
-const std::vector<std::string> Reglages_Hostiles = {"", " ", "C:\\Absent", std::string("C:\\Pavorin\0", 11), "\\", ".",
-    "\\\\serveur\\part", "C:", std::string(199, 'x'), "\x81\x8D\xFF", std::string(3, '\0'), "C:\\Pavorin  ", "..\\..",
-    "\"C:\\Pavorin\""};
-// clang-format on
-
-/// What a perturbation does to the station. Nombre: what follows its word.
-struct Coup {
-  std::string_view Mot;
-  void (*Porter)(Epreuve& E, std::size_t Nombre);
-};
-constexpr Coup Coups_Au_Poste[] = {
+/// What a perturbation does to the station, by its word and the number that follows.
+constexpr std::pair<std::string_view, void (*)(Epreuve& E, std::size_t Nombre)> Coups_Au_Poste[] = {
     {"effacer", [](auto& E, auto) { E.Disque.Fichiers.clear(); }},
     {"vider", [](auto& E, auto) { E.Disque.Ordre.clear(); }},
     {"non", [](auto& E, auto) { E.Ecran.Confirmation = Reponse::Non; }},
     {"muet", [](auto& E, auto) { E.Port.Repondre = {}; }},
     {"arracher", [](auto& E, auto) { E.Port.Fermer(); }},
     {"inonder", [](auto& E, auto Nombre) { E.Port.Envoyer(Octets(Nombre, 0xF2), 0); }},
-    {"profil", [](auto& E, auto Rang) { E.Poser_Reglage(Reglages_Hostiles.at(Rang)); }},
-    {"processus",
-     [](auto& E, auto Nombre) {
-       E.Processus.Actifs.resize(Nombre, {43, std::string(300, '\xE9')});
-     }},
     {"tronquer",
      [](auto& E, auto Taille) {
        for (auto& [Chemin, Donnees] : E.Disque.Fichiers) Donnees = Contenu_De(Chemin, Taille);
-     }},
-    {"remplir",
-     [](auto& E, auto) {
-       for (int I = 100; I < 140; ++I) E.Disque.Poser("C:\\Pavorin\\Fexa" + std::to_string(I) + ".ing");
      }},
 };
 
@@ -90,7 +71,6 @@ Epreuve::Epreuve(const std::string& Nom)
     : Poste_De_Test(Texte_Lecteur(Nom)),
       Choix(Scenario_Nomme(Nom)),
       Serie_(Scenario_De(Texte_Lecteur(Nom))),
-      Melange_(Nom.find(',') != Nom.npos),
       Operateur_(Nom.find("clic_") != Nom.npos),
       Ordinaire_(Nom.find("/lecteur") == Nom.npos) {
   Ecran.Ne_Plus_Regarder();
@@ -151,13 +131,13 @@ void Epreuve::Tenter(const std::function<void()>& Action) {
   try {
     Action();
   } catch (const std::exception&) {
-    ++Echappees_;
+    ++Vus_.Echappees;
   }
 }
 
 void Epreuve::Passer_Appel(std::string_view Appel) {
   const int Rang = ++Bilan_.Appels[Appel];
-  if (Appel == "Boite_Message") Recit_ += "[" + Ecran.Boites.back() + "]\r\n";
+  if (Appel == "Boite_Message") Vus_.Recit += "[" + Ecran.Boites.back() + "]\r\n";
   if (Appel == "Traiter_Evenements") {
     Exiger(Ecran.Eveille || !App.F.FrmAnimCharg.Ouverte(), "PC qui peut s'endormir pendant un chargement");
     if (Relever_Actions) {
@@ -173,8 +153,8 @@ void Epreuve::Passer_Appel(std::string_view Appel) {
 }
 
 void Epreuve::Frapper(const Perturbation& P, std::string_view Appel) {
-  for (const auto& C : Coups_Au_Poste) {
-    if (P.Effet.starts_with(C.Mot)) return C.Porter(*this, static_cast<std::size_t>(P.Valeur));
+  for (const auto& [Mot, Porter] : Coups_Au_Poste) {
+    if (P.Effet.starts_with(Mot)) return Porter(*this, static_cast<std::size_t>(P.Valeur));
   }
   if (P.Effet.starts_with("clic_")) {
     for (const auto& A : Actions_Permises(App.F)) {
@@ -185,7 +165,8 @@ void Epreuve::Frapper(const Perturbation& P, std::string_view Appel) {
   }
   // While a file or the port is open, a procedure that has a handler runs.
   const bool Tenu = Appel == "Creer" && (Disque.Ouverts > 0 || Port.Ouvert());
-  ++Levees_[Appel == "Galss" ? Noms_Cibles[static_cast<std::size_t>(Operation_)] : Tenu ? "Creer tenu" : Appel];
+  ++Vus_.Levees[Appel == "Galss" ? Noms_Cibles[static_cast<std::size_t>(Operation_)] : Tenu ? "Creer tenu" : Appel];
+  if (P.Effet == "erreur_48") ++Vus_.Sans_Bibliotheque;
   if (P.Effet == "memoire") throw std::bad_alloc();
   if (P.Effet == "inconnue") throw std::out_of_range("panne");
   throw Erreur(P.Valeur, "Panne");
@@ -201,24 +182,22 @@ void Epreuve::Voir_Annonce() {
 
 void Epreuve::Voir_Details() {
   const std::string& Nouveau = FMain.TxtDetails.Texte();
-  Recit_ += std::string_view(Nouveau).substr(Nouveau.starts_with(Details_) ? Details_.size() : 0);
+  Vus_.Recit += std::string_view(Nouveau).substr(Nouveau.starts_with(Details_) ? Details_.size() : 0);
   Details_ = Nouveau;
 }
 
 void Epreuve::Jouer(const std::function<void(Epreuve&)>& Jeu) {
+  Vus_ = {.Debut = Temps.Maintenant,
+          .Fautes = Lecteur.Fautes().size(),
+          .Fichiers = Lecteur.Fichiers().size(),
+          .Lectures = Lecteur.Nombre(Cible::Lecture)};
   Bilan_.Appels.clear();
-  Recit_.clear();
-  Levees_.clear();
   Ecran.Boites.clear();
   Disque.Ouvertures.clear();
   Processus.Termines.clear();
-  Echappees_ = 0;
-  Debut_ = Temps.Maintenant;
-  Fautes_Avant_ = Lecteur.Fautes().size();
-  Fichiers_Avant_ = Lecteur.Fichiers().size();
-  Lectures_Avant_ = Lecteur.Nombre(Cible::Lecture);
   FMain.CmdQuitter.Active(Quitter_Offert_);
   Jeu(*this);
+  Histoire += Vus_.Recit + "----\r\n";
   Juger();
 }
 
@@ -258,7 +237,7 @@ Bilan Epreuve::Passer() {
   Quitter_Offert_ = Relever_Actions || Operateur_;
   Pannes_.Avant = [this](std::string_view Appel, int) { Passer_Appel(Appel); };
   Jouer(Choix.Jouer);
-  for (const auto& P : Perturbations_) Exiger(P.Frappe || Melange_, "rien de frappé");
+  Exiger(Perturbations_.size() != 1 || Perturbations_.front().Frappe, "rien de frappé");
   Bilan Premier = Bilan_;
   if (!Arrete_ && FMain.Ouverte()) Reprendre();
   Premier.Plaintes = std::move(Bilan_.Plaintes);

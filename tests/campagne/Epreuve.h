@@ -36,6 +36,7 @@ class Epreuve : public Poste_De_Test {
 
   Bilan Passer();
   bool Relever_Actions = false;
+  std::string Histoire;  ///< of both runs: all that the pane said, each box whole at its place
 
   /// What the operator does, as a window procedure runs it: a failure stops there.
   void Agir(const std::function<void()>& Action);
@@ -55,6 +56,16 @@ class Epreuve : public Poste_De_Test {
     int Rang, Valeur;
     bool Toujours;
     bool Frappe = false;
+  };
+  /// Of one run.
+  struct Faits {
+    double Debut = 0;
+    std::size_t Fautes = 0, Fichiers = 0;                 // of the reader, before it
+    int Lectures = 0, Sans_Bibliotheque = 0;              // reads before it; failures 48
+    int Echappees = 0;                                    // failures that came out of an operator's action
+    std::map<std::string_view, int> Levees = {};          // raised, by call
+    std::string Recit = {};                               // its story
+    std::map<std::string, int, std::less<>> Lignes = {};  // that it says
   };
 
   void Retablir();
@@ -79,8 +90,8 @@ class Epreuve : public Poste_De_Test {
 
   std::vector<Perturbation> Perturbations_;
   Lecteur_Serie Serie_;
-  const bool Melange_, Operateur_;  // several perturbations; clicks
-  bool Ordinaire_;                  // the scenario's own reader and files
+  const bool Operateur_;  // clicks
+  bool Ordinaire_;        // the scenario's own reader and files
   bool Quitter_Offert_ = true, Reprise_ = false, Arrete_ = false;
   Cible Operation_ = Cible::Appel;
   std::string Details_;
@@ -88,15 +99,9 @@ class Epreuve : public Poste_De_Test {
   std::vector<std::string> Ordre_;
   std::map<std::string, Octets, std::less<>> Fichiers_;
 
-  // Of the run that is judged.
+  Faits Vus_;
   Bilan Bilan_;
-  std::string Recit_;                            // all that the pane said, each box whole at its place
-  std::map<std::string, int, std::less<>> Dits_;  // its lines
-  std::map<std::string_view, int> Levees_;       // failures raised, by call
-  int Echappees_ = 0;                            // that came out of an operator's action
-  double Debut_ = 0;
-  std::size_t Fautes_Avant_ = 0, Fichiers_Avant_ = 0, Annonces_ = 0;  // of the reader
-  int Lectures_Avant_ = 0;
+  std::size_t Annonces_ = 0;  // to the reader
 };
 
 /// The beginning of a longer one; a kernel's differs from an application's in every byte.

@@ -5,7 +5,6 @@
 // "Chargement Réussi." is wrong. It must be shown exactly when the reader holds the whole file and
 // its consent reached the program.
 
-#include "simulator/Lecture_Texte.h"
 #include "tests/campagne/Epreuve.h"
 
 #define HEURE "\t14:30:05"
@@ -19,8 +18,7 @@ constexpr std::string_view Installation = "Télécharger | Vérifiez l'installat
 constexpr std::string_view Service =
     "Télécharger | Vérifiez le service SESAM-Vitale (GALSS)n'est pas déjà ouvert, si le service est ouvert veuillez "
     "supprimer cette tache ATL+CTRL+SUPP et séléctionnez galsvw32.exe et faite terminer la tache.";
-constexpr std::string_view Question =
-    "TELECHARGER | Confirmez-vous la mise à jour du ou des fichiers ci-dessous :\r\n";
+constexpr std::string_view Question = "TELECHARGER | Confirmez-vous la mise à jour du ou des fichiers ci-dessous :\r\n";
 constexpr std::string_view Choix_Question = " | question | oui, non";
 constexpr std::string_view Vitesse = "Attention | Attention vous etes en 19200 Bauds!! | exclamation";
 
@@ -36,12 +34,13 @@ constexpr std::pair<std::string_view, std::string_view> Sans_Chargement[] = {
 };
 
 constexpr std::string_view Reussi = "Chargement Réussi." HEURE, Probleme = "Problème lors du Chargement." HEURE,
-                           Coupure = "Deconnexion Réussie." HEURE, Fermeture = "Fermeture du fichier." HEURE, Deconnexion = "Déconnexion Réussie";
+                           Coupure = "Deconnexion Réussie." HEURE, Fermeture = "Fermeture du fichier." HEURE,
+                           Deconnexion = "Déconnexion Réussie";
 
 /// Lines with the time that tell of a failure.
-constexpr std::string_view Erreurs[] = {
-    "Fichier introuvable 53", "Lecture au-delà de la fin 62", "Mémoire insuffisante 7", "Erreur interne : panne 51",
-    "La taille du fichier ne peut pas être annoncée au lecteur 5"};
+constexpr std::string_view Erreurs[] = {"Fichier introuvable 53", "Lecture au-delà de la fin 62",
+                                        "Mémoire insuffisante 7", "Erreur interne : panne 51",
+                                        "La taille du fichier ne peut pas être annoncée au lecteur 5"};
 
 /// Where no procedure has a handler: a failure comes out of the operator's action.
 constexpr std::string_view Sans_Traitant[] = {"Boite_Message", "Chercher",           "Sous_Repertoires",
@@ -54,19 +53,19 @@ void Epreuve::Exiger(bool Vrai, const std::string& Plainte) {
 }
 
 int Epreuve::Dit(std::string_view Ligne) const {
-  const auto Trouvee = Dits_.find(Ligne);
-  return Trouvee == Dits_.end() ? 0 : Trouvee->second;
+  const auto Trouvee = Vus_.Lignes.find(Ligne);
+  return Trouvee == Vus_.Lignes.end() ? 0 : Trouvee->second;
 }
 
 void Epreuve::Juger() {
-  Dits_.clear();
-  for (std::size_t Debut = 0, Fin = 0; (Fin = Recit_.find("\r\n", Debut)) != Recit_.npos; Debut = Fin + 2) {
-    std::string Ligne = Recit_.substr(Debut, Fin - Debut);
+  Vus_.Lignes.clear();
+  for (std::size_t Debut = 0, Fin = 0; (Fin = Vus_.Recit.find("\r\n", Debut)) != Vus_.Recit.npos; Debut = Fin + 2) {
+    std::string Ligne = Vus_.Recit.substr(Debut, Fin - Debut);
     if (Ligne.starts_with(Deconnexion)) {  // which does not end its line
-      ++Dits_[std::string(Deconnexion)];
+      ++Vus_.Lignes[std::string(Deconnexion)];
       Ligne.erase(0, Deconnexion.size());
     }
-    ++Dits_[Ligne];
+    ++Vus_.Lignes[Ligne];
   }
   Juger_Poste();
   Juger_Lecteur();
@@ -83,10 +82,10 @@ void Epreuve::Juger_Poste() {
   Exiger(!Ecran.Eveille || Arrete_, "PC tenu éveillé");
   Exiger(Ecran.Plus_Longue.count() <= 50, "attente sourde");
   const double Duree = Bilan_.Appels["Taille"] * Duree_Transfert + Bilan_.Appels["Ouvrir_Port"] * Duree_Test;
-  Exiger(Temps.Maintenant - Debut_ <= Duree, "trop long");
-  int Libres = Levees_["Creer"];
-  for (const auto Appel : Sans_Traitant) Libres += Levees_[Appel];
-  Exiger(Echappees_ <= Libres, "erreur échappée");
+  Exiger(Temps.Maintenant - Vus_.Debut <= Duree, "trop long");
+  int Libres = Vus_.Levees["Creer"];
+  for (const auto Appel : Sans_Traitant) Libres += Vus_.Levees[Appel];
+  Exiger(Vus_.Echappees <= Libres, "erreur échappée");
   const Octets& Reglage = Profil.Repertoire();
   const Octets Nouveau = Cp1252_De_Texte(Rogner(FMain.TxtChooseDirectory.Texte()));
   Exiger(Reglage == Ancien_Reglage_ || Reglage == Nouveau || (Operateur_ && !Reprise_), "réglages déchirés");
@@ -105,20 +104,20 @@ void Epreuve::Juger_Poste() {
 void Epreuve::Juger_Lecteur() {
   const bool Plusieurs = Bilan_.Appels["Ecrire_Profil"] > 1;  // updates
   int Entiers = 0;
-  for (const auto& Recu : std::span(Lecteur.Fichiers()).subspan(Fichiers_Avant_)) {
+  for (const auto& Recu : std::span(Lecteur.Fichiers()).subspan(Vus_.Fichiers)) {
     const auto Debut_De = [&](std::string_view Nom) { return Contenu_De(Nom, Recu.Contenu.size()) == Recu.Contenu; };
     Exiger(Debut_De("Fexa") || Debut_De("ER"), "octets reçus qui ne sont pas ceux du fichier");
     Entiers += Recu.Complet() && Recu.Accepte ? 1 : 0;
   }
   Exiger(Dit(Reussi) == Entiers,
          "succès montrés : " + std::to_string(Dit(Reussi)) + ", vrais : " + std::to_string(Entiers));
-  for (const auto& Faute : std::span(Lecteur.Fautes()).subspan(Fautes_Avant_)) {
+  for (const auto& Faute : std::span(Lecteur.Fautes()).subspan(Vus_.Fautes)) {
     // The error handler disconnects whether or not a failed transfer already did.
-    const bool Deja_Fermee = Dit(Probleme) > 0 && Dit(Coupure) > 0 &&
-                             (Faute.starts_with("libération") || Faute.starts_with("fermeture"));
+    const bool Deja_Fermee =
+        Dit(Probleme) > 0 && Dit(Coupure) > 0 && (Faute.starts_with("libération") || Faute.starts_with("fermeture"));
     Exiger(Deja_Fermee || Plusieurs, Faute);
   }
-  const int Lectures = Lecteur.Nombre(Cible::Lecture) - Lectures_Avant_;
+  const int Lectures = Lecteur.Nombre(Cible::Lecture) - Vus_.Lectures;
   Exiger(Lectures <= (Entiers > 0 ? Lectures_Au_Plus : 1) || Plusieurs, "lectures répétées");
   for (const auto& Faute : Serie_.Fautes()) Exiger(false, Faute);
 }
@@ -126,7 +125,7 @@ void Epreuve::Juger_Lecteur() {
 // Lines of the pane that tell of a failed transfer; no line with the time tells of anything unknown.
 int Epreuve::Erreurs_Dites() {
   int Nombre = 0;
-  for (const auto& [Ligne, Fois] : Dits_) {
+  for (const auto& [Ligne, Fois] : Vus_.Lignes) {
     if (!Ligne.ends_with(HEURE)) continue;
     if (Ligne == Reussi || Ligne == Probleme || Ligne == Coupure || Ligne == Fermeture ||
         Ligne == "Début du chargement." HEURE)
@@ -146,18 +145,19 @@ void Epreuve::Juger_Mise_A_Jour() {
   const int Ouverts = static_cast<int>(Disque.Ouvertures.size());
   const int Issues = Dit(Reussi) + Dit(Probleme) + Erreurs_Vues;
   // A transfer whose end is told may still fail: in its pause, or as it disconnects.
-  const int Apres = Levees_["Traiter_Evenements"] + Levees_["FinExclusivite"] + Levees_["FermerSession"];
+  const int Apres = Vus_.Levees["Traiter_Evenements"] + Vus_.Levees["FinExclusivite"] + Vus_.Levees["FermerSession"];
   Exiger(Issues >= Transferts && Issues <= Transferts + Apres, "issues des transferts : " + std::to_string(Issues));
   Exiger(Dit(Fermeture) == Erreurs_Vues - (Transferts - Ouverts), "fermetures de fichier annoncées");
   const int Fins = Bilan_.Appels["FinExclusivite"];
   Exiger(Fins == Dit(Probleme) + Dit(Coupure), "libérations : " + std::to_string(Fins));
-  Exiger(Bilan_.Appels["FermerSession"] == Fins - Levees_["FinExclusivite"], "fermetures de la session");
+  Exiger(Bilan_.Appels["FermerSession"] == Fins - Vus_.Levees["FinExclusivite"], "fermetures de la session");
   Exiger(Dit("Connexion Réussie.") == 0 || Lecteur.Session_Ouverte() == (Dit(Deconnexion) == 0),
          "session annoncée autrement");
-  if (Echappees_ > 0) return;
-  const bool Panne = Recit_.find(Service) != Recit_.npos || Recit_.find(Installation) != Recit_.npos;
+  if (Vus_.Echappees > 0) return;
+  const bool Panne = Vus_.Recit.find(Service) != Vus_.Recit.npos || Vus_.Recit.find(Installation) != Vus_.Recit.npos;
   // The kernel alone, in the first family: "Quitter" is left as it was.
-  const bool Seul_Noyau = Transferts == 1 && Dit(Reussi) == 1 && Est_Noyau(Disque.Ouvertures.back()) &&
+  const bool Seul_Noyau = Transferts == 1 && Dit(Reussi) == 1 && Lecteur.Fichiers().size() > Vus_.Fichiers &&
+                          Est_Noyau(Disque.Ouvertures.back()) &&
                           Lecteur.Fichiers().back().Famille == Famille_Trames::Telechargement;
   const bool Rendu = Panne || Erreurs_Vues > 0 || (Transferts > 0 && !Seul_Noyau);
   Exiger(FMain.CmdQuitter.Active() == (Rendu || Quitter_Offert_), "\"Quitter\"");
@@ -169,7 +169,8 @@ void Epreuve::Juger_Fin() {
   const auto& Boites = Ecran.Boites;
   if (Boites.empty()) return Exiger(false, "aucune boîte");
   const std::string &Premiere = Boites.front(), &Derniere = Boites.back();
-  const auto Fin = std::string_view(Recit_).substr(Recit_.rfind("[" + Derniere + "]\r\n") + Derniere.size() + 4);
+  const auto Fin =
+      std::string_view(Vus_.Recit).substr(Vus_.Recit.rfind("[" + Derniere + "]\r\n") + Derniere.size() + 4);
   const auto* const R = std::find_if(std::begin(Sans_Chargement), std::end(Sans_Chargement),
                                      [&](const auto& Refus) { return Refus.first == Premiere; });
   const bool Demandee = Premiere.starts_with(Question) && Premiere.ends_with(Choix_Question);
@@ -177,6 +178,11 @@ void Epreuve::Juger_Fin() {
     const bool Pour_Finir = I + 1 == Boites.size() && Boites[I] == Service;
     Exiger(Pour_Finir || Boites[I] == Installation, "boîte " + Boites[I]);
   }
+  // As it disconnects, the error handler has no use for a second failure.
+  const auto Absences = std::count(Boites.begin(), Boites.end(), Installation);
+  const int Tues = Vus_.Levees["FinExclusivite"] + Vus_.Levees["FermerSession"];
+  Exiger(Absences <= Vus_.Sans_Bibliotheque && Absences >= Vus_.Sans_Bibliotheque - Tues, "bibliothèque absente");
+  Exiger(Vus_.Recit.find("\r\nConnexion Réussie.\r\nArrêt") == Vus_.Recit.npos, "échec sans un mot");
   const int Transferts = Bilan_.Appels["Taille"];
   Exiger(Transferts == 0 || Demandee, "chargement sans l'accord de l'opérateur");
   const bool Panne = Derniere == Service || (Derniere == Installation && Fin.empty());
@@ -207,7 +213,7 @@ void Epreuve::Juger_Test() {
 
 // The whole story, then what the windows show.
 std::string Epreuve::Vue() const {
-  std::string Texte = Recit_;
+  std::string Texte = Vus_.Recit;
   for (const Fenetre* Une : std::initializer_list<const Fenetre*>{&App.F.FMain, &App.F.FrmResultParam}) {
     for (const Controle* Un : Une->Controles()) {
       Texte += (Un->Visible() ? "" : "-") + std::to_string(Un->Numero()) + (Un->Active() ? " " : " inactif ") +

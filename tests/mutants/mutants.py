@@ -251,7 +251,7 @@ def main():
     with ThreadPoolExecutor(choix.j) as equipe:
         survivants = [n for n, survit in zip(numeros, equipe.map(lambda n: passe(tests, n, delai), numeros)) if survit]
     if choix.campaign:
-        survivants = [n for n in survivants if passe([BATI / "tests/campagne", "--vite"], n, 900)]
+        survivants = [n for n in survivants if passe([BATI / "tests/campagne"], n, 900)]
     for n in survivants:
         print("%s:%d: %s: %s  (%d)" % (*toutes[n][:4], n))
     print(f"{ecartes} do not compile; {time.monotonic() - debut:.0f} s")
