@@ -201,8 +201,8 @@ void Epreuve::Jouer(const std::function<void(Epreuve&)>& Jeu) {
   Juger();
 }
 
-// A clean update, then a test of the reader: whatever happened before, they tell and show what they
-// do after a clean run.
+// A clean update, then a test of the reader: whatever happened before, they tell what they do
+// after a clean run.
 void Epreuve::Reprendre() {
   static std::map<std::string_view, std::string> Claires;
   const auto [Claire, Premiere] = Claires.try_emplace(Choix.Nom);
@@ -226,8 +226,8 @@ void Epreuve::Reprendre() {
   const int Voulus = Choix.Nom == "refuse" ? 0 : (Choix.Noyau != 0) + (Choix.Appli != 0);
   Exiger(Dit("Chargement Réussi.\t14:30:05") == Voulus, "fichiers");
   Exiger(App.F.FrmResultParam.Ouverte(), "test du lecteur");
-  if (Claire->second.empty()) Claire->second = Vue();
-  Exiger(Vue() == Claire->second, "vue au lieu de celle d'un poste neuf :\n" + Vue());
+  if (Claire->second.empty()) Claire->second = Vus_.Recit;
+  Exiger(Vus_.Recit == Claire->second, "récit au lieu de celui d'un poste neuf :\n" + Vus_.Recit);
 }
 
 Bilan Epreuve::Passer() {

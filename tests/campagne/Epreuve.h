@@ -85,8 +85,7 @@ class Epreuve : public Poste_De_Test {
   void Juger_Fin();
   void Juger_Test();
   int Dit(std::string_view Ligne) const;
-  int Erreurs_Dites();
-  std::string Vue() const;
+  int Erreurs_Dites() const;
 
   std::vector<Perturbation> Perturbations_;
   Lecteur_Serie Serie_;

@@ -3,7 +3,7 @@
 //
 // Every process of the team goes through the same cases in the same order and numbers them with
 // Est_A_Moi; it plays those whose number is its own rank, modulo the team. What a case alone can tell
-// (the second fault, the second action) is played at once by the same process, without a number. So a
+// (the fault that lasts, the second action) is played at once by the same process, without a number. So a
 // new kind of case needs one function that asks Est_A_Moi before each Passer, called by Tout.
 
 #include <sys/mman.h>
@@ -82,10 +82,7 @@ class Campagne {
       // Other readers: as if the clean run had called them once.
       Clair_.Appels["lecteur_serie"] = Nom_.starts_with("serie");
       Clair_.Appels["lecteur"] = Nom_ == "tele" || Nom_ == "charge" || Nom_ == "650";
-      if (!Nom_.ends_with("-fenetres")) {  // there the operator alone differs
-        Frapper();
-        Doubler();
-      }
+      if (!Nom_.ends_with("-fenetres")) Frapper();  // there the operator alone differs
       Operer();
     }
   }
@@ -125,26 +122,6 @@ class Campagne {
           const bool Compose = Effet.starts_with("fois");
           Bilan B = Passer(Debut + (Compose ? "_" : ":") + Effet);
           if (B.Appels[C.Appel] > Rang && !Compose && !Dure_De_Soi(Effet)) Passer(Debut + Ensuite + Effet);
-        }
-      }
-    }
-  }
-
-  // A second fault after a first one, at each later call of the library; and the box that announces
-  // a failure fails in its turn.
-  void Doubler() {
-    for (int I = 1; I <= Clair_.Appels["appel"]; ++I) {
-      if (Est_A_Moi()) Passer(Nom_ + "/Galss_" + std::to_string(I) + ":erreur_48,Boite_Message_2:memoire");
-      for (const auto* Premier : {"code_64", "code_64_livre", "code_1024", "refus_50", "vide", "longueur_0"}) {
-        if (!Est_A_Moi()) continue;
-        const std::string Debut = Nom_ + "/appel_" + std::to_string(I) + ":" + Premier;
-        const int Dernier = std::min(Jouer(Debut, false).Appels["appel"], I + 14);
-        for (int J = I + 1; J <= Dernier; ++J) {
-          for (const auto* Effet : {"_fois_30:code_64", "_fois_30:code_1024_livre", "_fois_30:longueur_2147483647",
-                                    ":octets_00_02_FF", ":refus_50"})
-            Passer(Debut + ",appel_" + std::to_string(J) + Effet);
-          for (const auto* Effet : {"!:erreur_48", ":memoire", ":tronquer_600"})
-            Passer(Debut + ",Galss_" + std::to_string(J) + Effet);
         }
       }
     }
