@@ -72,6 +72,7 @@ Epreuve::Epreuve(const std::string& Nom)
       Choix(Scenario_Nomme(Nom)),
       Serie_(Scenario_De(Texte_Lecteur(Nom))),
       Operateur_(Nom.find("clic_") != Nom.npos),
+      Melange_(Nom.find(',') != Nom.npos),
       Ordinaire_(Nom.find("/lecteur") == Nom.npos) {
   Ecran.Ne_Plus_Regarder();
   for (const auto P : Perturbations_De(Nom)) {
@@ -237,7 +238,7 @@ Bilan Epreuve::Passer() {
   Quitter_Offert_ = Relever_Actions || Operateur_;
   Pannes_.Avant = [this](std::string_view Appel, int) { Passer_Appel(Appel); };
   Jouer(Choix.Jouer);
-  Exiger(Perturbations_.size() != 1 || Perturbations_.front().Frappe, "rien de frappé");
+  for (const auto& P : Perturbations_) Exiger(P.Frappe || Melange_, "rien de frappé");
   Bilan Premier = Bilan_;
   if (!Arrete_ && FMain.Ouverte()) Reprendre();
   Premier.Plaintes = std::move(Bilan_.Plaintes);

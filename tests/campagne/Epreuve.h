@@ -89,8 +89,8 @@ class Epreuve : public Poste_De_Test {
 
   std::vector<Perturbation> Perturbations_;
   Lecteur_Serie Serie_;
-  const bool Operateur_;  // clicks
-  bool Ordinaire_;        // the scenario's own reader and files
+  const bool Operateur_, Melange_;  // clicks; several perturbations
+  bool Ordinaire_;                  // the scenario's own reader and files
   bool Quitter_Offert_ = true, Reprise_ = false, Arrete_ = false;
   Cible Operation_ = Cible::Appel;
   std::string Details_;
