@@ -34,8 +34,8 @@ void Port_Journalise::Ecrire(Vue_Octets Donnees) {
 std::size_t Port_Journalise::En_Attente() {
   if (Vrai_.En_Attente() > 0) {
     const Octets Lus = Vrai_.Lire_Tout();
-    Journal_.Ecrire(Genre, Ligne_Journal("Recevoir").Hexa("octets", Lus));
     Venus_.insert(Venus_.end(), Lus.begin(), Lus.end());
+    Journal_.Ecrire(Genre, Ligne_Journal("Recevoir").Hexa("octets", Lus));
   }
   return Venus_.size();
 }

@@ -16,6 +16,10 @@ void* operator new(std::size_t Taille) {
   if (void* Place = std::malloc(Taille == 0 ? 1 : Taille)) return Place;
   throw std::bad_alloc();
 }
+void* operator new(std::size_t Taille, const std::nothrow_t&) noexcept {
+  ++Allocations;
+  return std::malloc(Taille == 0 ? 1 : Taille);
+}
 void operator delete(void* Place) noexcept {
   std::free(Place);
 }

@@ -39,7 +39,12 @@ class Cas : public testing::Test, protected Poste {
 
   /// The box holds exactly that, and the main window waits for its answer.
   void Repondre(std::string_view Titre, const std::string& Tout, std::string_view Bouton = "OK") {
-    const Boite_Vue Ouverte = Boite(Titre);
+    Boite_Vue Ouverte = Boite(Titre);
+    // Looked at while it is painted, the icon is taken for another.
+    for (int Essai = 0; Ouverte.Tout != Tout && Essai < 40; ++Essai) {
+      Sleep(50);
+      Ouverte = Boite(Titre);
+    }
     EXPECT_EQ(Ouverte.Tout, Tout);
     EXPECT_FALSE(FMain.Actif());
     Ouverte.Repondre(Bouton);
