@@ -55,9 +55,8 @@ TEST_F(Journal, D_Une_Faute_De_La_Bibliotheque_La_Commet_De_Nouveau) {
 
 TEST_F(Journal, Impossible_A_Ecrire) {
   Lancer({.Arguments = "/journal:C:\\nulle\\part"});
-  Attendre("le journal ne peut pas être écrit", [&] {
-    return Boite("Pavorin").Tout.starts_with("! OK : Le journal demandé ne peut pas être écrit :\r\n");
-  });
+  Attendre("le journal ne peut pas être écrit",
+           [&] { return Boite("Pavorin").Tout.starts_with("! OK : Le journal demandé ne peut pas être écrit :\r\n"); });
   const Boite_Vue Ouverte = Boite("Pavorin");
   EXPECT_TRUE(Ouverte.Tout.ends_with("\r\nLe programme continue sans journal.")) << Ouverte.Tout;
   Ouverte.Repondre("OK");
