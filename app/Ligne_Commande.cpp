@@ -21,9 +21,9 @@ bool Prendre_Debut(std::string_view& Argument, std::string_view Debut) {
 std::optional<int> Lire_Port(std::string_view Argument) {
   if (!Prendre_Debut(Argument, Debut_Port)) return {};
   int Port = 0;
-  const auto [Fin, Etat] =
-      std::from_chars(Argument.data(), Argument.data() + Argument.size(), Port);
-  const bool Entier = Etat == std::errc() && Fin == Argument.data() + Argument.size();
+  // What is not a number, or too long for one, leaves 0.
+  const char* const Fin = Argument.data() + Argument.size();
+  const bool Entier = std::from_chars(Argument.data(), Fin, Port).ptr == Fin;
   return Entier && Port >= 1 && Port <= Dernier_Port ? std::optional(Port) : std::nullopt;
 }
 

@@ -27,12 +27,17 @@ class Pair_Controle {
   virtual void Repeindre() = 0;
 };
 
+enum class Pointeur { Defaut, Sablier };
+
 /// What a control asks of the window that holds it.
 class Lieu_Controles {
  public:
   virtual ~Lieu_Controles() = default;
   /// The operator can act on it.
   virtual bool A_Portee() const = 0;
+  /// The mouse pointer over it.
+  virtual Pointeur Souris() const = 0;
+  virtual void Souris(Pointeur Nouveau) = 0;
   /// In declaration order.
   const std::vector<Controle*>& Controles() const { return Controles_; }
 
@@ -79,6 +84,8 @@ class Controle {
   /// Kinds whose text changes give it a public face of their own.
   void Poser_Texte(std::string Nouveau);
   void Signaler(Propriete Quoi);
+
+  Lieu_Controles& Maison() const { return Maison_; }
 
  private:
   Controle(Lieu_Controles& Maison, Cadre* Parent, int Numero, Position Place, Conception&& Depart);

@@ -9,8 +9,6 @@
 #include "platform/Fenetrage.h"
 #include "ui/controles/Controle.h"
 
-enum class Pointeur { Defaut, Sablier };
-
 /// The native side of a window.
 class Pair_Fenetre : public Pair_Controle {
  public:
@@ -22,8 +20,8 @@ class Pair_Fenetre : public Pair_Controle {
 
 struct Conception_Fenetre {
   std::string Titre;
-  int Largeur = 0;  ///< client area, twips, menus left out
-  int Hauteur = 0;
+  int Largeur;  ///< client area, twips, menus left out
+  int Hauteur;
   std::optional<Couleur> Fond = {};  ///< absent: the system's
   bool Fermable = true;              ///< has a close box
   /// Stays in front of this window, which is out of the operator's reach while this one is open.
@@ -72,8 +70,8 @@ class Fenetre : public Lieu_Controles {
 
   bool Active() const { return Active_; }
   void Active(bool Oui);
-  Pointeur Souris() const { return Souris_; }
-  void Souris(Pointeur Nouveau);
+  Pointeur Souris() const override { return Souris_; }
+  void Souris(Pointeur Nouveau) override;
   void Repeindre();
   void Premier_Plan();
 

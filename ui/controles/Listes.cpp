@@ -5,6 +5,7 @@
 
 #include "platform/Systeme_Fichiers.h"
 #include "platform/Texte.h"
+#include "ui/controles/Sablier.h"
 
 namespace {
 
@@ -95,6 +96,7 @@ Liste_Repertoires::Liste_Repertoires(Lieu_Controles& Lieu, int Numero, Position 
     : Controle(Lieu, Numero, Place, std::move(Depart)), Disque_(Disque) {}
 
 void Liste_Repertoires::Montrer(std::string Nouveau) {
+  const Sablier Lecture(Maison());
   std::vector<Ligne> Arbre;
   const std::size_t Racine = Longueur_Racine(Nouveau);
   std::string Chemin = Nouveau.substr(0, Racine);
@@ -118,6 +120,7 @@ void Liste_Repertoires::Montrer(std::string Nouveau) {
 
 void Liste_Repertoires::Repertoire(std::string Nouveau) {
   if (Nouveau == Repertoire_) return;
+  const Sablier Lecture(Maison());
   Montrer(std::move(Nouveau));
   Declencher(Changement);
 }

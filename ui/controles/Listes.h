@@ -75,7 +75,7 @@ class Liste_Repertoires : public Controle {
   struct Ligne {
     std::string Nom;
     std::string Chemin;
-    int Niveau = 0;
+    int Niveau;
   };
 
   Liste_Repertoires(Lieu_Controles& Lieu, int Numero, Position Place, Conception Depart,

@@ -241,6 +241,7 @@ void Fenetrage_Windows::Traiter_Evenements(std::chrono::milliseconds Attente) {
   for (MSG Message{}; PeekMessageW(&Message, nullptr, 0, 0, PM_REMOVE);) {
     if (Message.message == WM_QUIT) Quitter();
     Distribuer(Message);
+    Rattraper();
   }
 }
 

@@ -162,9 +162,13 @@ void Fenetre_Native::Poser_Icones() {
 void Fenetre_Native::Actualiser(Propriete Quoi) {
   if (Quoi == Propriete::Active) Actualiser_Active();
   if (Quoi != Propriete::Pointeur) return;
+  // The thread is about to be busy for long: what has just been shown is painted before.
+  if (Modele_.Souris() == Pointeur::Sablier) {
+    RedrawWindow(Poignee(), nullptr, nullptr, RDW_UPDATENOW | RDW_ALLCHILDREN);
+  }
   POINT Souris{};
   GetCursorPos(&Souris);
-  // The thread may be busy for long: the pointer changes without waiting for it to move.
+  // Nor does the pointer wait for the operator to move it.
   if (GetAncestor(WindowFromPoint(Souris), GA_ROOT) != Poignee()) return;
   if (!Poser_Pointeur(HTCLIENT)) SetCursor(LoadCursorW(nullptr, IDC_ARROW));
 }
@@ -174,19 +178,25 @@ void Fenetre_Native::Actualiser_Active() {
 }
 
 void Fenetre_Native::Rattraper() const {
-  for (const auto& Pair : Lieu_.Pairs) Pair->Rattraper();
+  try {
+    for (const auto& Pair : Lieu_.Pairs) Pair->Rattraper();
+  } catch (...) {
+    Lieu_.Ecran.Signaler_Exception();
+  }
 }
 
+// What is not pending is on the screen already.
 void Fenetre_Native::Repeindre() {
   Rattraper();
-  RedrawWindow(Poignee(), nullptr, nullptr, RDW_INVALIDATE | RDW_UPDATENOW | RDW_ALLCHILDREN);
+  RedrawWindow(Poignee(), nullptr, nullptr, RDW_UPDATENOW | RDW_ALLCHILDREN);
 }
 
 void Fenetre_Native::Montrer() {
   Rattraper();
+  const bool Deja_La = IsWindowVisible(Poignee()) && GetForegroundWindow() == Poignee();
+  if (Deja_La && !IsIconic(Poignee())) return;
   ShowWindow(Poignee(), IsIconic(Poignee()) ? SW_RESTORE : SW_SHOWNORMAL);
   SetForegroundWindow(Poignee());
-  RedrawWindow(Poignee(), nullptr, nullptr, RDW_UPDATENOW | RDW_ALLCHILDREN);
 }
 
 void Fenetre_Native::Premier_Plan() {
@@ -204,5 +214,6 @@ void Fenetre_Native::Detruire() {
 void Fenetre_Native::Effacer() {
   for (const auto& Pair : Lieu_.Pairs) Pair->Modele().Attacher(nullptr);
   SetWindowLongPtrW(Poignee(), GWLP_USERDATA, 0);
+  Lieu_.Vif.reset();
   DestroyWindow(std::exchange(Lieu_.Fenetre, nullptr));
 }

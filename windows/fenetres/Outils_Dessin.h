@@ -27,6 +27,12 @@ struct Detruire_Dc {
 };
 using Dc_Memoire = std::unique_ptr<std::remove_pointer_t<HDC>, Detruire_Dc>;
 
+struct Rendre_Dc {
+  void operator()(HDC Dc) const { ReleaseDC(WindowFromDC(Dc), Dc); }
+};
+/// Borrowed from a window, and given back before the window goes.
+using Dc_Fenetre = std::unique_ptr<std::remove_pointer_t<HDC>, Rendre_Dc>;
+
 struct Detruire_Icone {
   void operator()(HICON Icone_Systeme) const { DestroyIcon(Icone_Systeme); }
 };

@@ -12,19 +12,18 @@ namespace {
 class Pair_Champ_Texte : public Pair_Natif {
  public:
   Pair_Champ_Texte(Surface& Lieu, Champ_Texte& Sien);
-  void Disposer() override;
   HBRUSH Colorer(HDC Dc) override;
 
  protected:
+  void Habiller() override;
   LRESULT Recevoir(UINT Message, WPARAM W, LPARAM L) override;
-  void Actualiser_Texte() override;
+  void Poser_Texte(const std::wstring& Texte) override;
 
  private:
   bool Plusieurs_Lignes() const;
   void Allonger(const std::wstring& Suite);
 
   Champ_Texte& Champ_;
-  std::string Montre_;  // the text that the native control shows
 };
 
 constexpr WPARAM Controle_A = 1;  // the character that Ctrl+A types
@@ -43,9 +42,9 @@ Pair_Champ_Texte::Pair_Champ_Texte(Surface& Lieu, Champ_Texte& Sien)
   Envoyer(EM_SETLIMITTEXT, 0);  // the most that the control can hold
 }
 
-void Pair_Champ_Texte::Disposer() {
-  Montre_.clear();  // the whole text again, in the new font
-  Pair_Natif::Disposer();
+void Pair_Champ_Texte::Habiller() {
+  Pair_Natif::Habiller();
+  if (Plusieurs_Lignes() && !Texte_Montre().empty()) Allonger({});
 }
 
 bool Pair_Champ_Texte::Plusieurs_Lignes() const {
@@ -72,16 +71,14 @@ LRESULT Pair_Champ_Texte::Recevoir(UINT Message, WPARAM W, LPARAM L) {
   return Pair_Natif::Recevoir(Message, W, L);
 }
 
-void Pair_Champ_Texte::Actualiser_Texte() {
-  const std::string& Voulu = Champ_.Texte();
-  const bool Suite = Plusieurs_Lignes() && !Montre_.empty() && Voulu.starts_with(Montre_);
-  if (!Suite) {
-    Pair_Natif::Actualiser_Texte();
+void Pair_Champ_Texte::Poser_Texte(const std::wstring& Texte) {
+  const std::wstring& Avant = Texte_Montre();
+  if (Plusieurs_Lignes() && !Avant.empty() && Texte.starts_with(Avant)) {
+    Allonger(Texte.substr(Avant.size()));
+  } else {
+    Pair_Natif::Poser_Texte(Texte);
     if (Plusieurs_Lignes()) Allonger({});
-  } else if (Voulu.size() > Montre_.size()) {
-    Allonger(En_Utf16(std::string_view(Voulu).substr(Montre_.size())));
   }
-  Montre_ = Voulu;
   Repeindre();
 }
 

@@ -1,5 +1,6 @@
 #include "windows/fenetres/Pair_Natif.h"
 
+#include <algorithm>
 #include <utility>
 
 #include "windows/systeme/Texte_Windows.h"
@@ -11,13 +12,16 @@ Pair_Natif::~Pair_Natif() {
 void Pair_Natif::Creer(const wchar_t* Classe, DWORD Style, DWORD Style_Etendu) {
   Style |= WS_CHILD | WS_CLIPSIBLINGS;
   if (!Controle_.Active()) Style |= WS_DISABLED;
+  if (A_Montrer()) Style |= WS_VISIBLE;
+  const RECT Ici = Place_Native();
+  Texte_ = Texte_Natif();
   Poignee_ =
-      Exiger(CreateWindowExW(Style_Etendu, Classe, nullptr, Style, 0, 0, 0, 0, Lieu_.Fenetre,
+      Exiger(CreateWindowExW(Style_Etendu, Classe, Texte_.c_str(), Style, Ici.left, Ici.top,
+                             Largeur_De(Ici), Hauteur_De(Ici), Lieu_.Fenetre,
                              reinterpret_cast<HMENU>(static_cast<INT_PTR>(Controle_.Numero())),
                              GetModuleHandleW(nullptr), nullptr));
   Prendre_Procedure();
-  Disposer();
-  Actualiser_Visible();
+  Habiller();
 }
 
 // Not the subclassing of comctl32.dll, which looks a window property up several times per message.
@@ -83,57 +87,62 @@ void Pair_Natif::Actualiser(Propriete Quoi) {
 // and the question for its colours, which a label asks as it paints itself with its new text. Set
 // once too often it costs a request; cleared once too often it leaves the old state on the screen.
 void Pair_Natif::Repeindre() {
-  Rapide_ = true;
   // Of a null handle Windows would paint the whole screen.
   if (Poignee_ != nullptr && std::exchange(A_Peindre_, false)) UpdateWindow(Poignee_);
 }
 
-// What the program paints by itself changes at every block of a file, which may take less than the
-// painting, several requests to the window server: it is shown 25 times a second. Whoever looks for
-// long, or waits longer for an answer, finds the state up to date.
-bool Pair_Natif::Trop_Tot() {
-  constexpr DWORD Entre_Deux_Ms = 40;
-  if (!Rapide_) return false;
-  const DWORD Maintenant = GetTickCount();
-  En_Retard_ = Vu_ && Maintenant - *Vu_ < Entre_Deux_Ms;
-  if (!En_Retard_) Vu_ = Maintenant;
-  return En_Retard_;
-}
-
-void Pair_Natif::Rattraper() {
-  Vu_.reset();
-  if (!std::exchange(En_Retard_, false) || Poignee_ == nullptr) return;
-  Montrer_Dernier_Etat();
-  Repeindre();
-  Vu_.reset();
-}
-
 void Pair_Natif::Disposer() {
-  const RECT Ici = Place();
+  const RECT Ici = Place_Native();
   SetWindowPos(Poignee_, nullptr, Ici.left, Ici.top, Largeur_De(Ici), Hauteur_De(Ici),
                SWP_NOZORDER | SWP_NOACTIVATE);
+  Habiller();
+}
+
+void Pair_Natif::Habiller() {
   Police_ = nullptr;
   Actualiser_Texte();
 }
 
+std::wstring Pair_Natif::Texte_Natif() const {
+  return En_Utf16(Controle_.Texte());
+}
+
 void Pair_Natif::Actualiser_Texte() {
-  std::wstring Texte = En_Utf16(Controle_.Texte());
-  if (Police_ != nullptr && Texte == Texte_) return;
-  const SIZE Boite = Place_Texte();
-  const HFONT Voulue = Boite.cx > 0 ? Lieu_.Fontes.Ajustee(Look(), Lieu_.Mesure, Texte, Boite)
-                                    : Lieu_.Fontes.Normale(Look(), Lieu_.Mesure);
-  if (Voulue != Police_) {
-    Police_ = Voulue;
-    Envoyer(WM_SETFONT, reinterpret_cast<WPARAM>(Police_));
-  }
-  A_Peindre_ = true;
-  SetWindowTextW(Poignee_, Texte.c_str());
+  std::wstring Texte = Texte_Natif();
+  if (Police_ == nullptr || Texte != Texte_) Choisir_Police(Texte);
+  if (Texte == Texte_) return;
+  Poser_Texte(Texte);
   Texte_ = std::move(Texte);
 }
 
-void Pair_Natif::Actualiser_Visible() {
+// Measuring a text costs as much as showing it. Every figure is as wide as a zero: a count that
+// goes on is measured once.
+void Pair_Natif::Choisir_Police(const std::wstring& Texte) {
+  std::wstring Gabarit = Texte;
+  std::replace_if(
+      Gabarit.begin(), Gabarit.end(), [](wchar_t C) { return C >= L'0' && C <= L'9'; }, L'0');
+  if (Police_ != nullptr && Gabarit == Gabarit_) return;
+  const SIZE Boite = Place_Texte();
+  const HFONT Voulue = Boite.cx > 0 ? Lieu_.Fontes.Ajustee(Look(), Lieu_.Mesure, Gabarit, Boite)
+                                    : Lieu_.Fontes.Normale(Look(), Lieu_.Mesure);
+  Gabarit_ = std::move(Gabarit);
+  if (Voulue == Police_) return;
+  Police_ = Voulue;
+  Envoyer(WM_SETFONT, reinterpret_cast<WPARAM>(Police_));
+}
+
+void Pair_Natif::Poser_Texte(const std::wstring& Texte) {
+  A_Peindre_ = true;
+  SetWindowTextW(Poignee_, Texte.c_str());
+}
+
+bool Pair_Natif::A_Montrer() const {
   const Cadre* const Parent = Controle_.Parent();
-  const bool Montre = Controle_.Visible() && (Parent == nullptr || Parent->Visible());
+  return Controle_.Visible() && (Parent == nullptr || Parent->Visible());
+}
+
+void Pair_Natif::Actualiser_Visible() {
+  const bool Montre = A_Montrer();
   const bool Avant = (GetWindowLongW(Poignee_, GWL_STYLE) & WS_VISIBLE) != 0;
   if (Montre == Avant) return;
   Rattraper();

@@ -52,6 +52,14 @@ struct Surface {
   Foyer Clavier = {};
   /// In declaration order.
   std::vector<std::unique_ptr<Pair_Natif>> Pairs = {};
+  Dc_Fenetre Vif = {};
+
+  /// On which what changes fast paints over its control, in the window's coordinates. Kept once
+  /// taken: to take one and give it back for every painting is a request to the window server.
+  HDC Dc_Vif() {
+    if (!Vif) Vif.reset(GetDCEx(Fenetre, nullptr, DCX_CACHE));
+    return Vif.get();
+  }
 
   /// The layout's colour; where it gives none, and everywhere in high contrast, the system's
   /// (COLOR_BTNTEXT, ...).
@@ -70,11 +78,11 @@ class Pair_Natif : public Pair_Controle {
   void Actualiser(Propriete Quoi) override;
   void Repeindre() override;
 
-  /// Takes place and font again: the monitor's DPI changed.
-  virtual void Disposer();
+  /// Takes place, font and pictures again: the monitor's DPI changed.
+  void Disposer();
   /// Shows now what a control that changes too fast has kept for later; its next change is shown at
   /// once too.
-  void Rattraper();
+  virtual void Rattraper() {}
   /// Shown when the model is, and its frame too.
   void Actualiser_Visible();
 
@@ -94,18 +102,24 @@ class Pair_Natif : public Pair_Controle {
   Controle& Modele() const { return Controle_; }
 
  protected:
-  /// Makes the native control. To be called last by the constructor of each kind.
+  /// Makes the native control, whole: what is changed once it is there is asked of the window
+  /// server again. To be called last by the constructor of each kind.
   void Creer(const wchar_t* Classe, DWORD Style, DWORD Style_Etendu = 0);
 
   /// Messages of the native control itself; the base hands them to the system.
   virtual LRESULT Recevoir(UINT Message, WPARAM W, LPARAM L);
-  /// Shows the model's text, in a font with which it fits.
+  /// Where the native control stands; Place, unless it needs other room.
+  virtual RECT Place_Native() const { return Place(); }
+  /// Font and pictures at the monitor's DPI, and what follows from them.
+  virtual void Habiller();
+  /// What the native control has for a text; the model's unless it stands for something else.
+  virtual std::wstring Texte_Natif() const;
+  /// Shows it, in a font with which it fits.
   virtual void Actualiser_Texte();
-  /// The same for the text or value that Trop_Tot left for later.
-  virtual void Montrer_Dernier_Etat() { Actualiser_Texte(); }
-  /// A change of a fast control that comes before the eye could follow: it waits for Rattraper, or
-  /// for the next change.
-  bool Trop_Tot();
+  /// Hands the native control another text than the one shown.
+  virtual void Poser_Texte(const std::wstring& Texte);
+  const std::wstring& Texte_Montre() const { return Texte_; }
+  HFONT Police() const { return Police_; }
   /// Room for the text inside the control; empty when any length will do.
   virtual SIZE Place_Texte() const { return {}; }
 
@@ -122,6 +136,8 @@ class Pair_Natif : public Pair_Controle {
   static LRESULT CALLBACK Aiguiller(HWND, UINT, WPARAM, LPARAM);
   void Prendre_Procedure();
   void Rendre_Procedure();
+  void Choisir_Police(const std::wstring& Texte);
+  bool A_Montrer() const;
   void Actualiser_Active();
   void Nommer();
 
@@ -129,10 +145,8 @@ class Pair_Natif : public Pair_Controle {
   HWND Poignee_ = nullptr;
   WNDPROC Procedure_ = nullptr;  // the native control's own
   HFONT Police_ = nullptr;
-  std::wstring Texte_;  // as shown
+  std::wstring Texte_;    // as shown
+  std::wstring Gabarit_;  // for which the font was chosen
   bool Nomme_ = false;
-  std::optional<DWORD> Vu_;  // tick of the last change shown, of a fast control
-  bool Rapide_ = false;      // the program itself asks for its painting
-  bool En_Retard_ = false;
   bool A_Peindre_ = true;  // changed since it was last painted at once
 };

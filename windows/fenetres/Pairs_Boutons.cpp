@@ -18,12 +18,12 @@ class Pair_Bouton : public Pair_Natif {
  public:
   // Par_Defaut: pressed by Enter from the whole window.
   Pair_Bouton(Surface& Lieu, Bouton& Sien, bool Par_Defaut);
-  void Disposer() override;
   void Commander(WORD Avis) override;
   void Dessiner_Article(const DRAWITEMSTRUCT& Demande) override;
 
  protected:
   LRESULT Recevoir(UINT Message, WPARAM W, LPARAM L) override;
+  void Habiller() override;
   SIZE Place_Texte() const override;
 
  private:
@@ -79,9 +79,9 @@ Pair_Bouton::Pair_Bouton(Surface& Lieu, Bouton& Sien, bool Par_Defaut)
   Creer(WC_BUTTONW, WS_TABSTOP | WS_GROUP | static_cast<DWORD>(Genre));
 }
 
-void Pair_Bouton::Disposer() {
+void Pair_Bouton::Habiller() {
   if (Illustre()) Dessin_ = Dessiner(Look().Image, Taille_Dessin(Look().Image, Lieu_.Mesure));
-  Pair_Natif::Disposer();
+  Pair_Natif::Habiller();
 }
 
 void Pair_Bouton::Commander(WORD Avis) {

@@ -25,27 +25,59 @@ class Pair_Cadre : public Pair_Natif {
   SIZE Place_Texte() const override;
 };
 
-class Pair_Etiquette : public Pair_Natif {
+// What changes at every block of a file, which may take less than its painting: it is shown 25
+// times a second. Whoever looks for long, or waits longer for an answer, finds the state up to
+// date.
+class Pair_Vif : public Pair_Natif {
  public:
-  Pair_Etiquette(Surface& Lieu, Etiquette& Sienne);
-  void Disposer() override;
+  using Pair_Natif::Pair_Natif;
+  void Repeindre() override;
+  void Rattraper() override;
 
  protected:
+  // A change that comes before the eye could follow: it waits for Rattraper, or for the next one.
+  bool Trop_Tot();
+  // What Trop_Tot left for later.
+  virtual void Montrer_Dernier_Etat() = 0;
+  // It is shown, and the program itself asks for its painting.
+  bool Se_Voit() const;
+  // Where it paints on Dc_Vif.
+  RECT Place_Vive() const;
+
+ private:
+  std::optional<DWORD> Vu_;  // tick of the last change shown
+  bool Vif_ = false;         // the program itself asks for its painting
+  bool En_Retard_ = false;
+};
+
+class Pair_Etiquette : public Pair_Vif {
+ public:
+  Pair_Etiquette(Surface& Lieu, Etiquette& Sienne);
+
+ protected:
+  RECT Place_Native() const override;
   void Actualiser_Texte() override;
+  LRESULT Recevoir(UINT Message, WPARAM W, LPARAM L) override;
+  void Montrer_Dernier_Etat() override { Actualiser_Texte(); }
   SIZE Place_Texte() const override;
+
+ private:
+  // At most, and from the left.
+  bool Une_Ligne() const;
+  void Peindre(std::wstring_view Texte);
 };
 
 class Pair_Image : public Pair_Natif {
  public:
   Pair_Image(Surface& Lieu, Image& Sienne);
-  void Disposer() override;
   void Commander(WORD Avis) override;
   void Dessiner_Article(const DRAWITEMSTRUCT& Demande) override;
 
  protected:
   LRESULT Recevoir(UINT Message, WPARAM W, LPARAM L) override;
-  // The name stands for the text, so that a screen reader says it.
-  void Actualiser_Texte() override;
+  void Habiller() override;
+  // So that a screen reader says it.
+  std::wstring Texte_Natif() const override { return En_Utf16(Look().Nom_Accessible); }
 
  private:
   Image& Image_;
@@ -55,11 +87,14 @@ class Pair_Image : public Pair_Natif {
 class Pair_Trait : public Pair_Natif {
  public:
   Pair_Trait(Surface& Lieu, Trait& Sien);
-  void Disposer() override;
   void Dessiner_Article(const DRAWITEMSTRUCT& Demande) override;
+
+ protected:
+  RECT Place_Native() const override;
+  void Habiller() override {}
 };
 
-class Pair_Barre : public Pair_Natif {
+class Pair_Barre : public Pair_Vif {
  public:
   Pair_Barre(Surface& Lieu, Barre_Progression& Sienne);
   void Actualiser(Propriete Quoi) override;
@@ -74,10 +109,10 @@ class Pair_Barre : public Pair_Natif {
   // Pixels that the value fills inside the border.
   int Rempli() const;
   void Actualiser_Valeur();
-  void Peindre(HDC Dc) const;
+  void Peindre(HDC Dc);
 
   Barre_Progression& Barre_;
-  int Rempli_ = -1;  // when a new value was last painted
+  int Rempli_ = 0;  // as painted
 };
 
 }  // namespace
@@ -107,23 +142,81 @@ SIZE Pair_Cadre::Place_Texte() const {
   return {Largeur_De(Place()) - Pixels_96(20), 0};
 }
 
-Pair_Etiquette::Pair_Etiquette(Surface& Lieu, Etiquette& Sienne) : Pair_Natif(Lieu, Sienne) {
+void Pair_Vif::Repeindre() {
+  Vif_ = true;
+  Pair_Natif::Repeindre();
+}
+
+bool Pair_Vif::Trop_Tot() {
+  constexpr DWORD Entre_Deux_Ms = 40;
+  if (!Vif_) return false;
+  const DWORD Maintenant = GetTickCount();
+  En_Retard_ = Vu_ && Maintenant - *Vu_ < Entre_Deux_Ms;
+  if (!En_Retard_) Vu_ = Maintenant;
+  return En_Retard_;
+}
+
+void Pair_Vif::Rattraper() {
+  Vu_.reset();
+  if (!std::exchange(En_Retard_, false) || Poignee() == nullptr) return;
+  Montrer_Dernier_Etat();
+  Repeindre();
+  Vu_.reset();
+}
+
+bool Pair_Vif::Se_Voit() const {
+  return Vif_ && (GetWindowLongW(Poignee(), GWL_STYLE) & WS_VISIBLE) != 0;
+}
+
+RECT Pair_Vif::Place_Vive() const {
+  const RECT Ou = Place();
+  RECT Ici{};
+  GetClientRect(Poignee(), &Ici);
+  OffsetRect(&Ici, Ou.left, Ou.top);
+  return Ici;
+}
+
+Pair_Etiquette::Pair_Etiquette(Surface& Lieu, Etiquette& Sienne) : Pair_Vif(Lieu, Sienne) {
   Creer(WC_STATICW,
         static_cast<DWORD>(SS_NOPREFIX) | static_cast<DWORD>(Look().Centre ? SS_CENTER : SS_LEFT));
 }
 
-void Pair_Etiquette::Disposer() {
-  Pair_Natif::Disposer();
-  // A box that is a little lower than its line of text would cut the letters' tails off.
-  const RECT Ici = Place();
+// A box that is a little lower than its line of text would cut the letters' tails off.
+RECT Pair_Etiquette::Place_Native() const {
+  RECT Ici = Place();
   const int Ligne = Lieu_.Fontes.Hauteur_Ligne(Lieu_.Fontes.Normale(Look(), Lieu_.Mesure));
-  if (Ligne <= Hauteur_De(Ici)) return;
-  SetWindowPos(Poignee(), nullptr, 0, 0, Largeur_De(Ici), Ligne,
-               SWP_NOMOVE | SWP_NOZORDER | SWP_NOACTIVATE);
+  Ici.bottom = std::max<LONG>(Ici.bottom, Ici.top + Ligne);
+  return Ici;
+}
+
+bool Pair_Etiquette::Une_Ligne() const {
+  return !Look().Centre && Hauteur_De(Place()) < 2 * Lieu_.Mesure.Corps(Look().Points);
 }
 
 void Pair_Etiquette::Actualiser_Texte() {
   if (!Trop_Tot()) Pair_Natif::Actualiser_Texte();
+}
+
+// A native label that is given a text asks its window for colours, takes a device context and gives
+// it back. A fast one keeps the text, for whoever reads or uncovers it, and is painted in one
+// stroke: nothing flickers.
+LRESULT Pair_Etiquette::Recevoir(UINT Message, WPARAM W, LPARAM L) {
+  if (Message != WM_SETTEXT || !Une_Ligne() || !Se_Voit()) {
+    return Pair_Natif::Recevoir(Message, W, L);
+  }
+  const LRESULT Gardee = DefWindowProcW(Poignee(), Message, W, L);
+  Peindre(reinterpret_cast<const wchar_t*>(L));
+  return Gardee;
+}
+
+void Pair_Etiquette::Peindre(std::wstring_view Texte) {
+  const HDC Dc = Lieu_.Dc_Vif();
+  const RECT Ici = Place_Vive();
+  // Left there for the next block: a font that is selected anew is looked for anew.
+  if (GetCurrentObject(Dc, OBJ_FONT) != Police()) SelectObject(Dc, Police());
+  Colorer(Dc);
+  ExtTextOutW(Dc, Ici.left, Ici.top, ETO_OPAQUE | ETO_CLIPPED, &Ici, Texte.data(),
+              static_cast<UINT>(Texte.size()), nullptr);
 }
 
 SIZE Pair_Etiquette::Place_Texte() const {
@@ -137,14 +230,9 @@ Pair_Image::Pair_Image(Surface& Lieu, Image& Sienne) : Pair_Natif(Lieu, Sienne),
   Creer(WC_STATICW, Style);
 }
 
-void Pair_Image::Disposer() {
+void Pair_Image::Habiller() {
   const RECT Ici = Place();
   Dessin_ = Dessiner(Look().Image, {Largeur_De(Ici), Hauteur_De(Ici)});
-  Pair_Natif::Disposer();
-}
-
-void Pair_Image::Actualiser_Texte() {
-  SetWindowTextW(Poignee(), En_Utf16(Look().Nom_Accessible).c_str());
 }
 
 void Pair_Image::Commander(WORD Avis) {
@@ -170,12 +258,11 @@ Pair_Trait::Pair_Trait(Surface& Lieu, Trait& Sien) : Pair_Natif(Lieu, Sien) {
   Creer(WC_STATICW, SS_OWNERDRAW);
 }
 
-void Pair_Trait::Disposer() {
-  const RECT Axe = Place();
+RECT Pair_Trait::Place_Native() const {
   const int Epaisseur = std::max(1, Pixels_96(2));
-  SetWindowPos(Poignee(), nullptr, Axe.left - Epaisseur / 2, Axe.top - Epaisseur / 2,
-               Largeur_De(Axe) + Epaisseur, Hauteur_De(Axe) + Epaisseur,
-               SWP_NOZORDER | SWP_NOACTIVATE);
+  RECT Axe = Place();
+  OffsetRect(&Axe, -Epaisseur / 2, -Epaisseur / 2);
+  return {Axe.left, Axe.top, Axe.right + Epaisseur, Axe.bottom + Epaisseur};
 }
 
 void Pair_Trait::Dessiner_Article(const DRAWITEMSTRUCT& Demande) {
@@ -191,13 +278,12 @@ constexpr int Bordure = 1;  // pixel
 }  // namespace
 
 Pair_Barre::Pair_Barre(Surface& Lieu, Barre_Progression& Sienne)
-    : Pair_Natif(Lieu, Sienne), Barre_(Sienne) {
+    : Pair_Vif(Lieu, Sienne), Barre_(Sienne) {
   Creer(PROGRESS_CLASSW, PBS_SMOOTH);
   // The themed bar glides to its value over a second, behind the transfer, and paints itself
   // slowly.
   Theme::Retirer(Poignee());
   Envoyer(PBM_SETRANGE32, 0, 100 * Pas_Par_Unite);
-  Actualiser_Valeur();
 }
 
 void Pair_Barre::Actualiser(Propriete Quoi) {
@@ -216,16 +302,21 @@ int Pair_Barre::Rempli() const {
   return static_cast<int>(std::lround(Valeur() / 100 * static_cast<float>(Dedans)));
 }
 
-// Painted on the spot, as a label paints its new text: an invalidation and the message that it ends
-// in would cost several times as much, at every block.
+// A block of a large file moves the bar by less than a pixel; nothing but what moved is painted.
 void Pair_Barre::Actualiser_Valeur() {
   if (Trop_Tot()) return;
-  // A block of a large file moves the bar by less than a pixel.
-  const int Nouveau = Rempli();
-  if (std::exchange(Rempli_, Nouveau) == Nouveau) return;
-  const HDC Dc = GetDC(Poignee());
-  Peindre(Dc);
-  ReleaseDC(Poignee(), Dc);
+  const int Nouveau = Rempli(), Avant = std::exchange(Rempli_, Nouveau);
+  if (Avant == Nouveau) return;
+  if (Se_Voit()) {
+    RECT Ecart = Place_Vive();
+    InflateRect(&Ecart, -Bordure, -Bordure);
+    Ecart.right = Ecart.left + std::max(Avant, Nouveau);
+    Ecart.left += std::min(Avant, Nouveau);
+    SetBkColor(Lieu_.Dc_Vif(), GetSysColor(Nouveau > Avant ? COLOR_HIGHLIGHT : COLOR_WINDOW));
+    ExtTextOutW(Lieu_.Dc_Vif(), 0, 0, ETO_OPAQUE, &Ecart, nullptr, 0, nullptr);
+  } else {
+    Invalider();
+  }
   NotifyWinEvent(EVENT_OBJECT_VALUECHANGE, Poignee(), OBJID_CLIENT, CHILDID_SELF);
 }
 
@@ -245,15 +336,15 @@ LRESULT Pair_Barre::Recevoir(UINT Message, WPARAM W, LPARAM L) {
   return Pair_Natif::Recevoir(Message, W, L);
 }
 
-// Painted here, at every block of a transfer: where the system does it, it takes longer than the
-// block itself.
-void Pair_Barre::Peindre(HDC Dc) const {
+// The system's own painting takes longer than a block.
+void Pair_Barre::Peindre(HDC Dc) {
   RECT Bord{};
   GetClientRect(Poignee(), &Bord);
   FrameRect(Dc, &Bord, GetSysColorBrush(COLOR_BTNSHADOW));
   InflateRect(&Bord, -Bordure, -Bordure);
+  Rempli_ = Rempli();
   RECT Plein = Bord, Vide = Bord;
-  Plein.right = Vide.left = Bord.left + Rempli();
+  Plein.right = Vide.left = Bord.left + Rempli_;
   FillRect(Dc, &Plein, GetSysColorBrush(COLOR_HIGHLIGHT));
   FillRect(Dc, &Vide, GetSysColorBrush(COLOR_WINDOW));
 }

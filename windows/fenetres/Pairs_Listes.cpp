@@ -5,6 +5,7 @@
 #include <commctrl.h>
 
 #include <algorithm>
+#include <utility>
 
 #include "ui/controles/Listes.h"
 #include "windows/fenetres/Dessins.h"
@@ -12,20 +13,21 @@
 
 namespace {
 
-// What the two drop-down lists share.
+// What the two drop-down lists share. A search fills a list entry by entry, and more than once: the
+// native one is filled when it is over.
 class Pair_Deroulant : public Pair_Natif {
  public:
   using Pair_Natif::Pair_Natif;
-  void Disposer() override;
   void Actualiser(Propriete Quoi) override;
+  void Rattraper() override;
 
  protected:
+  void Habiller() override;
   // The text is the selected entry's.
   void Actualiser_Texte() override;
   virtual const std::vector<std::string>& Entrees() const = 0;
   virtual int Indice() const = 0;
 
-  void Actualiser_Contenu();
   void Actualiser_Choix();
   void Effacer_Surbrillance();
   // Index of the entry that the operator selected.
@@ -34,7 +36,10 @@ class Pair_Deroulant : public Pair_Natif {
   void Elargir();
 
  private:
+  void Actualiser_Contenu();
+
   std::vector<std::string> Montrees_;  // entries of the native list
+  bool En_Retard_ = false;
 };
 
 class Pair_Liste_Deroulante : public Pair_Deroulant {
@@ -66,13 +71,13 @@ class Pair_Lecteurs : public Pair_Deroulant {
 class Pair_Repertoires : public Pair_Natif {
  public:
   Pair_Repertoires(Surface& Lieu, Liste_Repertoires& Sienne);
-  void Disposer() override;
   void Actualiser(Propriete Quoi) override;
   void Commander(WORD Avis) override;
   void Dessiner_Article(const DRAWITEMSTRUCT& Demande) override;
 
  protected:
   LRESULT Recevoir(UINT Message, WPARAM W, LPARAM L) override;
+  void Habiller() override;
   void Actualiser_Texte() override;
 
  private:
@@ -88,8 +93,8 @@ constexpr int Lignes_Deroulees = 12;
 
 }  // namespace
 
-void Pair_Deroulant::Disposer() {
-  Pair_Natif::Disposer();
+void Pair_Deroulant::Habiller() {
+  Pair_Natif::Habiller();
   const RECT Voulue = Place();
   const int Deroulee = Lignes_Deroulees * static_cast<int>(Envoyer(CB_GETITEMHEIGHT, 0));
   SetWindowPos(Poignee(), nullptr, 0, 0, Largeur_De(Voulue), Hauteur_De(Voulue) + Deroulee,
@@ -101,13 +106,18 @@ void Pair_Deroulant::Disposer() {
     GetWindowRect(Poignee(), &Fermee);
     Ligne = std::max(1, Ligne + Hauteur_De(Voulue) - Hauteur_De(Fermee));
   }
-  Actualiser_Choix();
+  En_Retard_ = true;
 }
 
 void Pair_Deroulant::Actualiser(Propriete Quoi) {
   Pair_Natif::Actualiser(Quoi);
-  if (Quoi == Propriete::Contenu) Actualiser_Contenu();
-  if (Quoi == Propriete::Choix) Actualiser_Choix();
+  if (Quoi == Propriete::Contenu || Quoi == Propriete::Choix) En_Retard_ = true;
+}
+
+void Pair_Deroulant::Rattraper() {
+  if (!std::exchange(En_Retard_, false) || Poignee() == nullptr) return;
+  Actualiser_Contenu();
+  Actualiser_Choix();
 }
 
 void Pair_Deroulant::Actualiser_Texte() {
@@ -116,21 +126,14 @@ void Pair_Deroulant::Actualiser_Texte() {
   Envoyer(WM_SETFONT, reinterpret_cast<WPARAM>(Police), TRUE);
 }
 
-// Lists mostly grow at their end; anything else fills the native list anew.
 void Pair_Deroulant::Actualiser_Contenu() {
-  const auto& Voulues = Entrees();
-  const bool Suite = Voulues.size() > Montrees_.size() &&
-                     std::equal(Montrees_.begin(), Montrees_.end(), Voulues.begin());
-  if (!Suite) {
-    Envoyer(CB_RESETCONTENT);
-    Montrees_.clear();
+  if (Montrees_ == Entrees()) return;
+  Montrees_.clear();
+  Envoyer(CB_RESETCONTENT);
+  for (const std::string& Une : Entrees()) {
+    Envoyer(CB_ADDSTRING, 0, reinterpret_cast<LPARAM>(En_Utf16(Une).c_str()));
   }
-  for (std::size_t I = Montrees_.size(); I < Voulues.size(); ++I) {
-    Montrees_.push_back(Voulues[I]);
-    Envoyer(CB_ADDSTRING, 0, reinterpret_cast<LPARAM>(En_Utf16(Voulues[I]).c_str()));
-  }
-  // A selection set again paints the list again, for each entry that comes.
-  if (Indice_Natif() != Indice()) Actualiser_Choix();
+  Montrees_ = Entrees();
 }
 
 void Pair_Deroulant::Actualiser_Choix() {
@@ -157,7 +160,6 @@ Pair_Liste_Deroulante::Pair_Liste_Deroulante(Surface& Lieu, Liste_Deroulante& Si
     : Pair_Deroulant(Lieu, Sienne), Liste_(Sienne) {
   Creer(WC_COMBOBOXW,
         WS_TABSTOP | WS_VSCROLL | WS_GROUP | static_cast<DWORD>(CBS_DROPDOWN | CBS_AUTOHSCROLL));
-  Actualiser_Contenu();
 }
 
 void Pair_Liste_Deroulante::Commander(WORD Avis) {
@@ -180,7 +182,6 @@ void Pair_Liste_Deroulante::Commander(WORD Avis) {
 Pair_Lecteurs::Pair_Lecteurs(Surface& Lieu, Liste_Lecteurs& Sienne)
     : Pair_Deroulant(Lieu, Sienne), Liste_(Sienne) {
   Creer(WC_COMBOBOXW, WS_TABSTOP | WS_VSCROLL | WS_GROUP | static_cast<DWORD>(CBS_DROPDOWNLIST));
-  Actualiser_Contenu();
 }
 
 void Pair_Lecteurs::Commander(WORD Avis) {
@@ -197,9 +198,9 @@ Pair_Repertoires::Pair_Repertoires(Surface& Lieu, Liste_Repertoires& Sienne)
   Actualiser_Contenu();
 }
 
-void Pair_Repertoires::Disposer() {
+void Pair_Repertoires::Habiller() {
   Dessin_ = Dessiner(Dessin::Dossier, Taille_Dessin(Dessin::Dossier, Lieu_.Mesure));
-  Pair_Natif::Disposer();
+  Pair_Natif::Habiller();
   const int Ligne = Lieu_.Fontes.Hauteur_Ligne(Lieu_.Fontes.Normale(Look(), Lieu_.Mesure));
   Envoyer(LB_SETITEMHEIGHT, 0,
           std::max(Ligne, static_cast<int>(Dessin_.Taille().cy) + Pixels_96(2)));
