@@ -1,6 +1,6 @@
 #include "catalogue/Choix_Dossier.h"
 
-#include "ui/Sablier.h"
+#include "ui/controles/Sablier.h"
 
 void Choix_Dossier::CmdChooseDirectory_Click() {
   F_.FDossierING.Montrer();

@@ -2,7 +2,7 @@
 
 #include "platform/Cp1252.h"
 #include "platform/Texte.h"
-#include "ui/Sablier.h"
+#include "ui/controles/Sablier.h"
 
 namespace {
 

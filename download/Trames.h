@@ -2,6 +2,7 @@
 // The frames of both families: their headers, the body of a load request, the type byte of a block,
 // the sizes of the reply buffers, and the statuses of the operations that exchange them.
 
+#include <algorithm>
 #include <array>
 #include <cstddef>
 #include <cstdint>
@@ -61,8 +62,8 @@ template <std::size_t N>
 constexpr std::array<std::uint8_t, N + 1> Avec_Type(const std::array<std::uint8_t, N>& Entete,
                                                     Rang_Bloc Rang) {
   std::array<std::uint8_t, N + 1> Complet{};
-  for (std::size_t I = 0; I < N; ++I) Complet[I] = Entete[I];
-  Complet[N] = Type_Bloc(Rang);
+  std::copy(Entete.begin(), Entete.end(), Complet.begin());
+  Complet.back() = Type_Bloc(Rang);
   return Complet;
 }
 

@@ -40,9 +40,8 @@ std::string Lire_Champ(Vue_Octets Reponse, std::size_t Avant, Champ_Config Leque
   const std::size_t Debut =
       std::accumulate(Longueurs_Champs.begin(),
                       Longueurs_Champs.begin() + static_cast<std::ptrdiff_t>(Rang), Avant);
-  if (Debut >= Reponse.size()) return {};
-  return Texte_De_Cp1252(
-      Reponse.subspan(Debut, std::min(Longueurs_Champs[Rang], Reponse.size() - Debut)));
+  const Vue_Octets Suite = Reponse.subspan(std::min(Debut, Reponse.size()));
+  return Texte_De_Cp1252(Suite.first(std::min(Longueurs_Champs[Rang], Suite.size())));
 }
 
 std::string Afficher_Champ(Vue_Octets Reponse, std::size_t Avant, Champ_Config Lequel,

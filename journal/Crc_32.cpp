@@ -1,5 +1,6 @@
 #include "journal/Crc_32.h"
 
+#include <algorithm>
 #include <array>
 
 namespace {
@@ -8,16 +9,14 @@ using Table = std::array<std::uint32_t, 256>;
 
 constexpr std::array<Table, 4> Calculer_Tables() {
   std::array<Table, 4> T{};
-  for (std::uint32_t X = 0; X < 256; ++X) {
-    std::uint32_t Reste = X;
+  for (std::uint32_t X = 0; std::uint32_t & Reste : T[0]) {
+    Reste = X++;
     for (int Bit = 0; Bit < 8; ++Bit)
       Reste = (Reste & 1) != 0 ? Reste >> 1 ^ 0xEDB88320 : Reste >> 1;
-    T[0][X] = Reste;
   }
   for (std::size_t N = 1; N < T.size(); ++N) {
-    for (std::size_t X = 0; X < 256; ++X) {
-      T[N][X] = T[N - 1][X] >> 8 ^ T[0][T[N - 1][X] & 0xFF];
-    }
+    std::transform(T[N - 1].begin(), T[N - 1].end(), T[N].begin(),
+                   [&T](std::uint32_t Reste) { return Reste >> 8 ^ T[0][Reste & 0xFF]; });
   }
   return T;
 }

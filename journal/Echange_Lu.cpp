@@ -70,12 +70,11 @@ Commande_Lue Lire_Commande(Vue_Octets Commande) {
       continue;
     }
     Lue.Genre = Genre;
-    if (!Lue.Est_Bloc()) break;
+    if (!Lue.Est_Bloc()) continue;
     Lue.Montrables = std::min(Commande.size(), Debut.size() + 1);
     const std::uint8_t Type = Commande[Lue.Montrables - 1];
     Lue.Premier = (Type & Type_Bloc({.Premier = true})) != 0;
     Lue.Dernier = (Type & Type_Bloc({.Dernier = true})) != 0;
-    break;
   }
   return Lue;
 }
@@ -92,25 +91,24 @@ Sens_Reponse Sens_De(Genre_Commande Genre, std::int16_t Code, Vue_Octets Reponse
   std::int32_t Taille = 0;
   std::int16_t Statut = Code;
   switch (Genre) {
+    case Genre_Commande::Autre:
+      if (Code != 0) Erreur_Galss({}, Code, Texte);
+      break;
     case Genre_Commande::Configuration:
       Statut = Lecture_Config_Lecteur(Liaison, Configuration, Texte);
       if (Statut == 0) Texte = Fiche(Configuration);
       break;
     case Genre_Commande::Demande_Telechargement:
-      Statut = Demande_Telechargement(Liaison, {}, 0, Taille, Texte);
+      Statut = Demande_Telechargement(Liaison, {}, {}, Taille, Texte);
       break;
     case Genre_Commande::Bloc_Telechargement:
       Statut = Bloc_Telechargement(Liaison, {}, {}, Texte);
       break;
     case Genre_Commande::Demande_Chargement:
-      Statut = Demande_Chargement(Liaison, {}, 0, Taille, Texte);
+      Statut = Demande_Chargement(Liaison, {}, {}, Taille, Texte);
       break;
     case Genre_Commande::Bloc_Chargement:
       Statut = Bloc_Chargement(Liaison, {}, {}, Texte);
-      break;
-    case Genre_Commande::Autre:
-      if (Code != 0) Erreur_Galss({}, Code, Texte);
-      break;
   }
   if (Texte.empty()) Texte = "Accepté";
   if (Taille != 0) Texte += ", blocs de " + std::to_string(Taille) + " octets";

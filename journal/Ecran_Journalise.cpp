@@ -36,10 +36,7 @@ void Ecran_Journalise::Suivre(Fenetre& Modele) {
   for (Controle* Un : Modele.Controles()) {
     auto* const Volet = dynamic_cast<Champ_Texte*>(Un);
     if (Volet == nullptr || Volet->Combien() != Champ_Texte::Lignes::Plusieurs) continue;
-    Volet->Changement = [this, Volet, Suite = Volet->Changement] {
-      Noter_Volet(*Volet);
-      Declencher(Suite);
-    };
+    Volet->Changement = [this, Volet] { Noter_Volet(*Volet); };  // no procedure listens to it
   }
 }
 
@@ -53,7 +50,8 @@ void Ecran_Journalise::Noter_Volet(const Champ_Texte& Volet) {
   }
   while (!Ajout.empty()) {
     const std::size_t Fin = std::min(Ajout.find(Retour_Ligne), Ajout.size());
-    if (Fin > 0) Journal_.Ecrire("VOLET", Ligne_Journal().Texte("texte", Ajout.substr(0, Fin)));
+    const std::string_view Ligne = Ajout.substr(0, Fin);
+    if (!Ligne.empty()) Journal_.Ecrire("VOLET", Ligne_Journal().Texte("texte", Ligne));
     Ajout.remove_prefix(std::min(Fin + Retour_Ligne.size(), Ajout.size()));
   }
   Vu = Volet.Texte();

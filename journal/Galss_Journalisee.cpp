@@ -38,7 +38,7 @@ Vue_Octets Utile(const Octets& Reponse, std::int32_t Longueur) {
 }
 
 void Noter_Code(Ligne_Journal& Ligne, std::int16_t Code) {
-  if (Code != 0) Ligne.Texte("sens", Sens_De(Genre_Commande::Autre, Code, {}, 0).Texte);
+  if (Code != 0) Ligne.Texte("sens", Sens_De(Genre_Commande::Autre, Code, {}, {}).Texte);
 }
 
 }  // namespace

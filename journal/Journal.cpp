@@ -1,5 +1,6 @@
 #include "journal/Journal.h"
 
+#include <algorithm>
 #include <charconv>
 #include <cmath>
 
@@ -12,11 +13,11 @@ constexpr std::string_view Premiere_Ligne = "Journal de Pavorin, format 1";
 constexpr std::string_view Fin_Ligne = "\r\n";
 constexpr std::int64_t Ms_Par_Jour = 24LL * 60 * 60 * 1000;
 
-void Ajouter_Nombre(std::string& Texte, std::int64_t Valeur, std::size_t Chiffres = 0) {
+void Ajouter_Nombre(std::string& Texte, std::int64_t Valeur, std::size_t Chiffres = 1) {
   char Ecrit[24];
   const auto Fin = std::to_chars(Ecrit, Ecrit + sizeof Ecrit, Valeur).ptr;
   const auto Longueur = static_cast<std::size_t>(Fin - Ecrit);
-  if (Longueur < Chiffres) Texte.append(Chiffres - Longueur, '0');
+  Texte.append(std::max(Chiffres, Longueur) - Longueur, '0');
   Texte.append(Ecrit, Longueur);
 }
 

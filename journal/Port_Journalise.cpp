@@ -22,7 +22,6 @@ void Port_Journalise::Ouvrir() {
 void Port_Journalise::Fermer() {
   if (Ouvert()) Journal_.Ecrire(Genre, Ligne_Journal("Fermer"));
   Vrai_.Fermer();
-  Venus_.clear();
 }
 
 void Port_Journalise::Ecrire(Vue_Octets Donnees) {

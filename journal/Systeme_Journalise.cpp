@@ -12,8 +12,8 @@ std::string_view Oui_Non(bool Oui) {
 
 bool Est_Galss(std::string_view Nom) {
   constexpr std::string_view Debut = "galsv";
-  for (std::size_t I = 0; I < Nom.size(); ++I) {
-    if (Egal_Sans_Casse(Nom.substr(I, Debut.size()), Debut)) return true;
+  for (; !Nom.empty(); Nom.remove_prefix(1)) {
+    if (Egal_Sans_Casse(Nom.substr(0, Debut.size()), Debut)) return true;
   }
   return false;
 }
@@ -32,7 +32,7 @@ std::unique_ptr<Fichier_Ouvert> Disque_Journalise::Ouvrir(std::string_view Chemi
 // Read apart, as the program may leave out the end of the file. What fails here is not the
 // program's failure.
 void Disque_Journalise::Noter_Contenu(Ligne_Journal& Ligne, std::string_view Chemin) {
-  constexpr std::int64_t Lisible_Au_Plus = 4LL * 1024 * 1024;  // several times what a reader takes
+  constexpr std::int64_t Lisible_Au_Plus = 4'000'000;  // several times what a reader takes
   try {
     const std::int64_t Taille = Vrai_.Taille(Chemin);
     Ligne.Nombre("taille", Taille);

@@ -16,12 +16,8 @@ Fenetre_Progression::Fenetre_Progression(Fenetrage& Ecran, Fenetre& Principale)
       Principale_(Principale) {
   // clang-format on
   Chargement = [this] {
-    Active(true);
+    // The rest of what an opening shows is the design state.
     LblTitre.Texte("Chargement en cours ...");
-    PgbExe.Visible(true);
-    LblCom.Texte("");
-    LblNumBlock.Visible(true);
-    LblNumTaille.Visible(true);
     // Last: whatever fails above must not leave it disabled.
     Principale_.Active(false);
   };
