@@ -6,41 +6,7 @@
 
 namespace {
 
-constexpr int Octets_Retenus = 3;  // at the end of a file, by the second family
-
-const Scenario_Campagne& Scenario_Nomme(std::string_view Nom) {
-  const auto Fin = Nom.substr(0, Nom.find('/'));
-  for (const auto& S : Scenarios_Campagne) {
-    if (S.Nom == Fin) return S;
-  }
-  throw std::invalid_argument("scénario inconnu : " + std::string(Nom));
-}
-
-std::vector<std::string_view> Perturbations_De(std::string_view Nom) {
-  const auto Debut = Nom.find('/');
-  return Debut == std::string_view::npos ? std::vector<std::string_view>() : Decouper(Nom.substr(Debut + 1), ',');
-}
-
-bool Pour_Le_Lecteur(std::string_view P) {
-  const auto Mot = P.substr(0, P.find_first_of("_:!"));
-  return Mot == "lecteur" || std::find(Noms_Cibles.begin(), Noms_Cibles.end(), Mot) != Noms_Cibles.end();
-}
-
-/// The reader's whole scenario. "_" stands for a blank, "!" for "toujours".
-std::string Texte_Lecteur(const std::string& Nom) {
-  std::string Texte(Scenario_Nomme(Nom).Lecteur);
-  for (const auto P : Perturbations_De(Nom)) {
-    if (P.starts_with("lecteur")) {
-      Texte.append("\nfamille = toutes\n").append(P.substr(P.find(':') + 1));
-    } else if (Pour_Le_Lecteur(P)) {
-      Texte += "\ndefaut = ";
-      for (const char C : P) Texte += C == '!' ? " toujours" : std::string(1, C == '_' ? ' ' : C);
-    }
-  }
-  return Texte;
-}
-
-/// What a perturbation does to the station, by its word and the number that follows.
+/// What strikes the station otherwise than by a failure, by its word and the number that follows.
 constexpr std::pair<std::string_view, void (*)(Epreuve& E, std::size_t Nombre)> Coups_Au_Poste[] = {
     {"effacer", [](auto& E, auto) { E.Disque.Fichiers.clear(); }},
     {"vider", [](auto& E, auto) { E.Disque.Ordre.clear(); }},
@@ -56,62 +22,58 @@ constexpr std::pair<std::string_view, void (*)(Epreuve& E, std::size_t Nombre)> 
 
 }  // namespace
 
-bool Est_Noyau(std::string_view Chemin) {
-  return Egal_Sans_Casse(Chemin.substr(Chemin.rfind('\\') + 1, 1), "F");
+Cas::Cas(std::string_view Nom)
+    : Operateur(Nom.find("clic_") != Nom.npos),
+      Ordinaire(Nom.find("/lecteur") == Nom.npos),
+      Nom_Scenario(Nom.substr(0, Nom.find('/'))),
+      Choix(Scenarios_Campagne.at(Nom_Scenario)),
+      Texte_Lecteur(Choix.Lecteur) {
+  for (const auto Part : Decouper(Nom.substr(std::min(Nom_Scenario.size() + 1, Nom.size())), ',')) {
+    const std::string P(Part), Mot = P.substr(0, P.find_first_of("_:")), Effet = P.substr(P.find(':') + 1);
+    if (Mot == "lecteur") {
+      Texte_Lecteur += "\nfamille = toutes\n" + Effet;
+    } else if (std::find(Noms_Cibles.begin(), Noms_Cibles.end(), Mot) != Noms_Cibles.end()) {
+      Texte_Lecteur += "\ndefaut = ";
+      for (const char C : P) Texte_Lecteur += C == '_' ? ' ' : C;
+    } else {
+      const auto Chiffre = P.find_first_of("0123456789"), Fois = P.find("_fois_");
+      const int Rang = std::atoi(P.c_str() + Chiffre),
+                En_Plus = Fois == P.npos ? 0 : std::atoi(P.c_str() + Fois + 6) - 1;
+      Au_Poste.push_back({P.substr(0, Chiffre - 1), Effet, Rang, Rang + En_Plus});
+    }
+  }
 }
 
 Octets Contenu_De(std::string_view Chemin, std::size_t Taille) {
   Octets Donnees = Contenu(Taille);
-  if (Est_Noyau(Chemin)) return Donnees;
+  if (Egal_Sans_Casse(Chemin.substr(Chemin.rfind('\\') + 1, 1), "F")) return Donnees;
   for (auto& Octet : Donnees) Octet = static_cast<std::uint8_t>(~Octet);
   return Donnees;
 }
 
-Epreuve::Epreuve(const std::string& Nom)
-    : Poste_De_Test(Texte_Lecteur(Nom)),
-      Choix(Scenario_Nomme(Nom)),
-      Serie_(Scenario_De(Texte_Lecteur(Nom))),
-      Operateur_(Nom.find("clic_") != Nom.npos),
-      Melange_(Nom.find(',') != Nom.npos),
-      Ordinaire_(Nom.find("/lecteur") == Nom.npos) {
+Epreuve::Epreuve(std::string_view Nom) : Cas(Nom), Poste_De_Test(Texte_Lecteur) {
   Ecran.Ne_Plus_Regarder();
-  for (const auto P : Perturbations_De(Nom)) {
-    if (Pour_Le_Lecteur(P)) continue;
-    const auto Deux_Points = P.find(':'), Tiret = P.rfind('_', Deux_Points);
-    const std::string Appel(P.substr(0, Tiret)), Rang(P.substr(Tiret + 1)), Effet(P.substr(Deux_Points + 1));
-    const int Nombre = std::atoi(Effet.c_str() + Effet.find('_') + 1);
-    Perturbations_.push_back({Appel, Effet, std::atoi(Rang.c_str()), Nombre, P[Deux_Points - 1] == '!'});
-  }
-  Retablir();
   for (const std::string Repertoire : {"C:\\Pavorin\\", "C:\\Pavorin\\Logiciels\\"}) {
     const std::string Noyau = Repertoire + "Fexa0500.ing", Appli = Repertoire + "ER0300.ing";
     if (Choix.Noyau != 0) Disque.Poser(Noyau, Contenu_De(Noyau, Choix.Noyau));
     if (Choix.Appli != 0) Disque.Poser(Appli, Contenu_De(Appli, Choix.Appli));
   }
-  Poser_Reglage("C:\\Pavorin");
-  FMain.TxtDetails.Changement = [this] { Voir_Details(); };
-  Galss.Apres_Echange = [this](auto...) { Voir_Annonce(); };
+  Profil.Repertoire() = Cp1252_De_Texte("C:\\Pavorin");
+  Retablir();
+  FMain.TxtDetails.Changement = [this] {
+    const std::string Avant = std::exchange(Details_, FMain.TxtDetails.Texte());
+    const auto Suite = std::string_view(Details_).substr(Details_.starts_with(Avant) ? Avant.size() : 0);
+    if (!Suite.empty()) Vus_.Recit += Lisible(Suite) + "\n";
+  };
   Lecteur.Avant_Appel = [this](Cible Operation, int) {
-    Operation_ = Operation;
-    ++Bilan_.Appels["appel"];
-    ++Bilan_.Appels[Noms_Cibles[static_cast<std::size_t>(Operation)]];
+    Operation_ = Noms_Cibles[static_cast<std::size_t>(Operation)];
+    ++Appels["appel"];
+    ++Appels[Operation_];
     Pannes_.Passer("Galss");
   };
 }
 
-void Epreuve::Poser_Fichier(const std::string& Chemin, std::size_t Taille) {
-  Ordinaire_ = false;
-  Disque.Poser(Chemin, Contenu_De(Chemin, Taille));
-}
-
-void Epreuve::Poser_Reglage(const std::string& Texte) {
-  Profil.Repertoire() = Ancien_Reglage_ = Octets(Texte.begin(), Texte.end());
-}
-
 void Epreuve::Retablir() {
-  Lecteur.Rallumer();
-  Disque.Ordre = Ordre_;
-  Disque.Fichiers = Fichiers_;
   Processus.Actifs = {{41, "galsvw32.exe"}, {42, "autre.exe"}};
   Port.Arrivees.clear();
   Port.Tampon_.clear();
@@ -120,15 +82,6 @@ void Epreuve::Retablir() {
 }
 
 void Epreuve::Agir(const std::function<void()>& Action) {
-  if (Arrete_) return;
-  try {
-    Tenter(Action);
-  } catch (const Programme_Arrete&) {
-    Arrete_ = true;
-  }
-}
-
-void Epreuve::Tenter(const std::function<void()>& Action) {
   try {
     Action();
   } catch (const std::exception&) {
@@ -137,85 +90,66 @@ void Epreuve::Tenter(const std::function<void()>& Action) {
 }
 
 void Epreuve::Passer_Appel(std::string_view Appel) {
-  const int Rang = ++Bilan_.Appels[Appel];
-  if (Appel == "Boite_Message") Vus_.Recit += "[" + Ecran.Boites.back() + "]\r\n";
+  const int Rang = ++Appels[Appel];
+  if (Appel == "Boite_Message") Vus_.Recit += "[" + Lisible(Ecran.Boites.back()) + "]\n";
   if (Appel == "Traiter_Evenements") {
     Exiger(Ecran.Eveille || !App.F.FrmAnimCharg.Ouverte(), "PC qui peut s'endormir pendant un chargement");
-    if (Relever_Actions) {
-      auto& Noms = Bilan_.Actions.emplace_back();
-      for (const auto& A : Actions_Permises(App.F)) Noms.push_back(A.Nom);
-    }
+    if (Relever_) Permises.emplace_back();
+    for (const auto& [Nom, Faire] : Relever_ ? Actions_Permises(App.F) : Actions()) Permises.back().push_back(Nom);
   }
-  for (auto& P : Perturbations_) {
-    if (P.Appel != Appel || (Rang != P.Rang && !(P.Toujours && Rang > P.Rang))) continue;
-    P.Frappe = true;
-    Frapper(P, Appel);
+  for (const auto& P : Au_Poste) {
+    if (P.Appel == Appel && Rang >= P.Rang && Rang <= P.Dernier) Frapper(P.Effet, Appel);
   }
 }
 
-void Epreuve::Frapper(const Perturbation& P, std::string_view Appel) {
+void Epreuve::Frapper(const std::string& Effet, std::string_view Appel) {
+  const int Nombre = std::atoi(Effet.c_str() + Effet.find('_') + 1);
   for (const auto& [Mot, Porter] : Coups_Au_Poste) {
-    if (P.Effet.starts_with(Mot)) return Porter(*this, static_cast<std::size_t>(P.Valeur));
+    if (Effet.starts_with(Mot)) return Porter(*this, static_cast<std::size_t>(Nombre));
   }
-  if (P.Effet.starts_with("clic_")) {
-    for (const auto& A : Actions_Permises(App.F)) {
-      if (A.Nom == P.Effet.substr(5)) return Tenter(A.Faire);
+  if (Effet.starts_with("clic_")) {
+    for (const auto& [Nom, Faire] : Actions_Permises(App.F)) {
+      if (Nom == Effet.substr(5)) return Agir(Faire);
     }
-    Bilan_.Impossible = true;
     return;
   }
   // While a file or the port is open, a procedure that has a handler runs.
   const bool Tenu = Appel == "Creer" && (Disque.Ouverts > 0 || Port.Ouvert());
-  ++Vus_.Levees[Appel == "Galss" ? Noms_Cibles[static_cast<std::size_t>(Operation_)] : Tenu ? "Creer tenu" : Appel];
-  if (P.Effet == "erreur_48") ++Vus_.Sans_Bibliotheque;
-  if (P.Effet == "memoire") throw std::bad_alloc();
-  if (P.Effet == "inconnue") throw std::out_of_range("panne");
-  throw Erreur(P.Valeur, "Panne");
-}
-
-void Epreuve::Voir_Annonce() {
-  if (Annonces_ == Lecteur.Fichiers().size()) return;
-  Annonces_ = Lecteur.Fichiers().size();
-  const auto& Recu = Lecteur.Fichiers().back();
-  const int Retenus = Recu.Famille == Famille_Trames::Chargement ? Octets_Retenus : 0;
-  Exiger(Recu.Longueur == Disque.Derniere_Taille - Retenus, "longueur annoncée");
-}
-
-void Epreuve::Voir_Details() {
-  const std::string& Nouveau = FMain.TxtDetails.Texte();
-  Vus_.Recit += std::string_view(Nouveau).substr(Nouveau.starts_with(Details_) ? Details_.size() : 0);
-  Details_ = Nouveau;
+  ++Vus_.Levees[Appel == "Galss" ? Operation_ : Tenu ? "Creer tenu" : Appel];
+  if (Effet == "erreur_48") ++Vus_.Levees["sans bibliothèque"];
+  if (Effet == "memoire") throw std::bad_alloc();
+  if (Effet == "inconnue") throw std::out_of_range("panne");
+  throw Erreur(Nombre, "Panne");
 }
 
 void Epreuve::Jouer(const std::function<void(Epreuve&)>& Jeu) {
-  Vus_ = {.Debut = Temps.Maintenant,
-          .Fautes = Lecteur.Fautes().size(),
-          .Fichiers = Lecteur.Fichiers().size(),
-          .Lectures = Lecteur.Nombre(Cible::Lecture)};
-  Bilan_.Appels.clear();
-  Ecran.Boites.clear();
+  Vus_ = {Temps.Maintenant, Lecteur.Fautes().size(), Lecteur.Fichiers().size(), Lecteur.Nombre(Cible::Lecture)};
+  Appels.clear();
   Disque.Ouvertures.clear();
   Processus.Termines.clear();
   FMain.CmdQuitter.Active(Quitter_Offert_);
-  Jeu(*this);
-  Histoire += Vus_.Recit + "----\r\n";
+  try {
+    Jeu(*this);
+  } catch (const Programme_Arrete&) {
+    Arrete_ = true;
+  }
+  Histoire += Vus_.Recit + "----\n";
   Juger();
 }
 
 // A clean update, then a test of the reader: whatever happened before, they tell what they do
 // after a clean run.
 void Epreuve::Reprendre() {
-  static std::map<std::string_view, std::string> Claires;
-  const auto [Claire, Premiere] = Claires.try_emplace(Choix.Nom);
-  if (Premiere) Epreuve(std::string(Choix.Nom)).Passer();
+  static std::map<std::string, std::string> Claires;
+  const auto [Claire, Premiere] = Claires.try_emplace(Nom_Scenario);
+  if (Premiere) Epreuve(Nom_Scenario).Passer();
   Reprise_ = true;
-  Relever_Actions = Quitter_Offert_ = false;
-  Perturbations_.clear();
+  Relever_ = Quitter_Offert_ = false;
+  Au_Poste.clear();
   Lecteur.Oublier_Defauts();
+  Lecteur.Rallumer();
   Retablir();
-  App.F.frmAbout.CmdOK.Cliquer();
-  App.F.FDossierING.CmdAnnul.Cliquer();
-  App.F.FrmResultParam.CmdOK.Cliquer();
+  for (Bouton* Un : {&App.F.frmAbout.CmdOK, &App.F.FDossierING.CmdAnnul, &App.F.FrmResultParam.CmdOK}) Un->Cliquer();
   FMain.OptAuto.Choisir();
   FMain.TxtChooseDirectory.Texte("C:\\Pavorin\\Vide");
   FMain.TxtChooseDirectory.Texte("C:\\Pavorin");
@@ -223,24 +157,23 @@ void Epreuve::Reprendre() {
     E.Mettre_A_Jour();
     E.Tester();
   });
-  if (!Ordinaire_) return;
-  const int Voulus = Choix.Nom == "refuse" ? 0 : (Choix.Noyau != 0) + (Choix.Appli != 0);
-  Exiger(Dit("Chargement Réussi.\t14:30:05") == Voulus, "fichiers");
-  Exiger(App.F.FrmResultParam.Ouverte(), "test du lecteur");
+  if (!Ordinaire) return;
   if (Claire->second.empty()) Claire->second = Vus_.Recit;
   Exiger(Vus_.Recit == Claire->second, "récit au lieu de celui d'un poste neuf :\n" + Vus_.Recit);
 }
 
-Bilan Epreuve::Passer() {
-  Ordre_ = Disque.Ordre;
-  Fichiers_ = Disque.Fichiers;
+void Epreuve::Passer(bool Relever_Actions) {
+  const auto Ordre = Disque.Ordre;
+  const auto Fichiers = Disque.Fichiers;
+  Ancien_Reglage_ = Profil.Repertoire();
+  Relever_ = Relever_Actions;
   Choix.Preparer(*this);
-  Quitter_Offert_ = Relever_Actions || Operateur_;
+  Quitter_Offert_ = Relever_ || Operateur;
   Pannes_.Avant = [this](std::string_view Appel, int) { Passer_Appel(Appel); };
   Jouer(Choix.Jouer);
-  for (const auto& P : Perturbations_) Exiger(P.Frappe || Melange_, "rien de frappé");
-  Bilan Premier = Bilan_;
+  const auto Premiers = Appels;
+  Disque.Ordre = Ordre;
+  Disque.Fichiers = Fichiers;
   if (!Arrete_ && FMain.Ouverte()) Reprendre();
-  Premier.Plaintes = std::move(Bilan_.Plaintes);
-  return Premier;
+  Appels = Premiers;
 }

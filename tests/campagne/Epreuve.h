@@ -3,42 +3,49 @@
 // says and judged; then a clean run of the same scenario in the same process, judged likewise.
 //
 // Name: "SCENARIO/PERTURBATION,PERTURBATION...". A perturbation is "APPEL_RANG:EFFET" or
-// "APPEL_RANG!:EFFET" (from that call on); APPEL is a platform call (Lire_2:erreur_62) or a target
-// of the simulated reader, whose own words follow (bloc_3:refus_50). "lecteur:LIGNE" adds a line to
-// the reader's scenario.
+// "APPEL_RANG_fois_N:EFFET" (N times from that call on); APPEL is a platform call (Lire_2:erreur_62) or
+// a target of the simulated reader, whose own words follow (bloc_3:refus_50). "lecteur:LIGNE" adds a
+// line to the reader's scenario.
 
 #include "tests/Machine_De_Test.h"
 
-/// An operator's action that the open windows allow. Nom: the control's number, with the entry for a
-/// list ("204-1", "204-t" to type in it), or "fermer-" and the window's rank.
-struct Action {
-  std::string Nom;
-  std::function<void()> Faire;
-};
-std::vector<Action> Actions_Permises(Fenetres& F);
+/// What the open windows allow the operator. A name is the control's number, with the entry for a list
+/// ("204-1", "204" to type in it), or "fermer-" and the window's name.
+using Actions = std::vector<std::pair<std::string, std::function<void()>>>;
+Actions Actions_Permises(Fenetres& F);
+
+using Choix_Offerts = std::vector<std::vector<std::string>>;  ///< their names, at each yield
+using Comptes = std::map<std::string_view, int>;              ///< of calls, by name
 
 struct Scenario_Campagne;
 
-struct Bilan {
-  std::vector<std::string> Plaintes;
-  std::map<std::string_view, int> Appels;         ///< of the platform; of the library by its targets' names too
-  std::vector<std::vector<std::string>> Actions;  ///< allowed at each yield, when asked for
-  bool Impossible = false;                        ///< an action that the windows did not allow at that moment
+/// A case's name, read. What strikes the reader is in its scenario's text.
+struct Cas {
+  explicit Cas(std::string_view Nom);
+
+  struct Perturbation {
+    std::string Appel, Effet;
+    int Rang, Dernier;
+  };
+  const bool Operateur, Ordinaire;  ///< clicks; the scenario's own reader and files
+  const std::string Nom_Scenario;
+  const Scenario_Campagne& Choix;
+  std::string Texte_Lecteur;
+  std::vector<Perturbation> Au_Poste;
 };
 
-class Epreuve : public Poste_De_Test {
+class Epreuve : private Cas, public Poste_De_Test {
  public:
-  explicit Epreuve(const std::string& Nom);
+  explicit Epreuve(std::string_view Nom);
 
-  /// Before Passer: a file more, or other settings (cp1252 bytes).
-  void Poser_Fichier(const std::string& Chemin, std::size_t Taille);
-  void Poser_Reglage(const std::string& Texte);
+  /// Plays and judges both runs; what follows tells of them.
+  void Passer(bool Relever_Actions = false);
+  std::vector<std::string> Plaintes;
+  std::string Histoire;    ///< all that the pane said, each box whole at its place
+  Comptes Appels;          ///< of the first run's platform; of the library by its targets' names too
+  Choix_Offerts Permises;  ///< in the first run, when asked for
 
-  Bilan Passer();
-  bool Relever_Actions = false;
-  std::string Histoire;  ///< of both runs: all that the pane said, each box whole at its place
-
-  /// What the operator does, as a window procedure runs it: a failure stops there.
+  /// What the operator does, as a window procedure runs it: a failure stops there, not the program's end.
   void Agir(const std::function<void()>& Action);
   void Mettre_A_Jour() {
     Agir([this] { FMain.CmdMaj.Cliquer(); });
@@ -47,33 +54,12 @@ class Epreuve : public Poste_De_Test {
     Agir([this] { FMain.MnLecteur.Cliquer(); });
   }
 
-  const Scenario_Campagne& Choix;
   Fenetre_Principale& FMain = App.F.FMain;
 
  private:
-  struct Perturbation {
-    std::string Appel, Effet;
-    int Rang, Valeur;
-    bool Toujours;
-    bool Frappe = false;
-  };
-  /// Of one run.
-  struct Faits {
-    double Debut = 0;
-    std::size_t Fautes = 0, Fichiers = 0;                 // of the reader, before it
-    int Lectures = 0, Sans_Bibliotheque = 0;              // reads before it; failures 48
-    int Echappees = 0;                                    // failures that came out of an operator's action
-    std::map<std::string_view, int> Levees = {};          // raised, by call
-    std::string Recit = {};                               // its story
-    std::map<std::string, int, std::less<>> Lignes = {};  // that it says
-  };
-
   void Retablir();
-  void Tenter(const std::function<void()>& Action);
   void Passer_Appel(std::string_view Appel);
-  void Frapper(const Perturbation& P, std::string_view Appel);
-  void Voir_Details();
-  void Voir_Annonce();
+  void Frapper(const std::string& Effet, std::string_view Appel);
   void Jouer(const std::function<void(Epreuve&)>& Jeu);
   void Reprendre();
 
@@ -82,34 +68,32 @@ class Epreuve : public Poste_De_Test {
   void Juger_Poste();
   void Juger_Lecteur();
   void Juger_Mise_A_Jour();
-  void Juger_Fin();
   void Juger_Test();
-  int Dit(std::string_view Ligne) const;
-  int Erreurs_Dites() const;
+  int Dit(std::string_view Lettres) const;
 
-  std::vector<Perturbation> Perturbations_;
-  Lecteur_Serie Serie_;
-  const bool Operateur_, Melange_;  // clicks; several perturbations
-  bool Ordinaire_;                  // the scenario's own reader and files
-  bool Quitter_Offert_ = true, Reprise_ = false, Arrete_ = false;
-  Cible Operation_ = Cible::Appel;
+  Lecteur_Serie Serie_{Scenario_De(Texte_Lecteur)};
+  bool Relever_ = false, Quitter_Offert_ = true, Reprise_ = false, Arrete_ = false;
+  std::string_view Operation_;
   std::string Details_;
   Octets Ancien_Reglage_;
-  std::vector<std::string> Ordre_;
-  std::map<std::string, Octets, std::less<>> Fichiers_;
-
-  Faits Vus_;
-  Bilan Bilan_;
-  std::size_t Annonces_ = 0;  // to the reader
+  /// Of one run.
+  struct Faits {
+    double Debut;
+    std::size_t Fautes, Fichiers;          // of the reader, before it
+    int Lectures;                          // likewise
+    int Echappees = 0;                     // failures that came out of an operator's action
+    Comptes Levees = {};                   // failures raised
+    std::string Recit = {}, Lettres = {};  // its story; the same, a letter a line
+  } Vus_;
 };
 
 /// The beginning of a longer one; a kernel's differs from an application's in every byte.
 Octets Contenu_De(std::string_view Chemin, std::size_t Taille);
-bool Est_Noyau(std::string_view Chemin);
 
 struct Scenario_Campagne {
-  std::string_view Nom, Lecteur;
+  std::string_view Lecteur;
   std::size_t Noyau, Appli;  ///< sizes of the files in the directory, 0 for none
+  std::string_view Attendu;  ///< what a clean update says, in the judge's letters
   std::function<void(Epreuve&)> Jouer = &Epreuve::Mettre_A_Jour, Preparer = &Epreuve::Demarrer;
 };
-extern const std::vector<Scenario_Campagne> Scenarios_Campagne;
+extern const std::map<std::string, Scenario_Campagne> Scenarios_Campagne;
