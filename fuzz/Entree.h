@@ -9,7 +9,8 @@
 
 /// Plays the case and stops the fuzzer at the first complaint.
 inline void Exiger_Sans_Plainte(Epreuve& E, const std::string& Nom) {
-  for (const auto& Plainte : E.Passer().Plaintes) {
+  E.Passer();
+  for (const auto& Plainte : E.Plaintes) {
     std::fprintf(stderr, "%s : %s\n", Nom.c_str(), Plainte.c_str());
     std::abort();
   }

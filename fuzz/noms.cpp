@@ -10,7 +10,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* Donnees, std::size_t T
     const std::string Fin = Reste.ConsumeBool() ? ".ing" : "";
     std::string Nom = Debut + Reste.ConsumeBytesAsString(Reste.ConsumeIntegralInRange(0U, 31U)) + Fin;
     std::replace(Nom.begin(), Nom.end(), '\\', '_');
-    E.Poser_Fichier("C:\\Pavorin\\" + Nom, 600);
+    E.Disque.Poser("C:\\Pavorin\\" + Nom, Contenu_De(Nom, 600));
   }
   Exiger_Sans_Plainte(E, E.Pane());
   return 0;

@@ -4,7 +4,7 @@
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* Donnees, std::size_t Taille) {
   Epreuve E("demarrage");
-  E.Poser_Reglage({Donnees, Donnees + Taille});
+  E.Profil.Repertoire() = {Donnees, Donnees + Taille};
   Exiger_Sans_Plainte(E, "demarrage");
   return 0;
 }

@@ -7,10 +7,10 @@
 struct Ligne_Disposition {
   Controle& C;
   std::string_view Nom, Genre;
-  Position Place;              ///< twips, within its frame; -1: free, and so is a size of 0
+  Position Place;  ///< twips, within its frame
   std::string_view Texte = {};
-  double Points = 0;           ///< 0: free
-  std::string_view Style = {}; ///< g bold, s underlined, c centred; ink R red, B blue, b light blue; G grey ground; ? free
+  double Points = 0;            ///< 0: those of any text, 9
+  std::string_view Style = {};  ///< g bold, s underlined, c centred; ink R red, B blue, b light blue; G grey ground
   Dessin Image = Dessin::Aucun;
 };
 
@@ -78,7 +78,7 @@ inline std::vector<Ligne_Disposition> Disposition(Fenetres& F) {
       L(FDossierING, CmdOK, "bouton", {360, 4245, 975, 735}, "OK"),
       L(FDossierING, CmdAnnul, "bouton", {2280, 4245, 975, 735}, "Annuler"),
       L(FDossierING, Label1, Legende, {360, 165, 2895, 735}, "Séléctionnez le répertoire des fichiers à télécharger",
-        0, "gcG"),
+        12, "gcG"),
 
       L(FrmAnimCharg, LblTitre, Legende, {960, 120, 4092, 372}, "Chargement en cours...", 16.5, "g"),
       L(FrmAnimCharg, LblBlock, Legende, {240, 720, 612, 252}, "Bloc : ", 10.5, "g"),
@@ -88,37 +88,37 @@ inline std::vector<Ligne_Disposition> Disposition(Fenetres& F) {
       L(FrmAnimCharg, LblCom, Legende, {240, 1200, 4932, 252}, "", 12, "g"),
       L(FrmAnimCharg, Image1, "image", {240, 120, 480, 480}, "", 0, "", Dessin::Chargement),
 
-      L(FrmResultParam, Image1, "image", {-1, -1, 0, 0}, "", 0, "", Dessin::Lecteur),
-      L(FrmResultParam, LblTitre, Legende, {-1, -1, 0, 0}, "CONFIGURATION DU LECTEUR ELITE 650", 0, "?"),
-      L(FrmResultParam, Label1, Legende, {480, 1080, 0, 0}, "Constructeur :", 0, "?"),
-      L(FrmResultParam, LblConst, Legende, {2640, 1080, 0, 0}, "", 0, "?"),
-      L(FrmResultParam, Label2, Legende, {480, 1680, 0, 0}, "Type de lecteur :", 0, "?"),
-      L(FrmResultParam, LblTypeLec, Legende, {2640, 1680, 0, 0}, "", 0, "?"),
-      L(FrmResultParam, Label3, Legende, {480, 2280, 0, 0}, "N° de Série :", 0, "?"),
-      L(FrmResultParam, LblNumSerie, Legende, {2640, 2280, 0, 0}, "", 0, "?"),
-      L(FrmResultParam, Label4, Legende, {480, 2880, 0, 0}, "Type d'OS :", 0, "?"),
-      L(FrmResultParam, LblTypeOS, Legende, {2640, 2880, 0, 0}, "", 0, "?"),
-      L(FrmResultParam, Label5, Legende, {480, 3480, 0, 0}, "Nom de l'application :", 0, "?"),
-      L(FrmResultParam, LblNameAppli, Legende, {2640, 3480, 0, 0}, "", 0, "?"),
-      L(FrmResultParam, Label6, Legende, {5880, 1080, 0, 0}, "N° de Version :", 0, "?"),
-      L(FrmResultParam, LblNumVersion, Legende, {8040, 1080, 0, 0}, "", 0, "?"),
-      L(FrmResultParam, Label7, Legende, {5880, 1680, 0, 0}, "Date :", 0, "?"),
-      L(FrmResultParam, LblDate, Legende, {8040, 1680, 0, 0}, "", 0, "?"),
-      L(FrmResultParam, Label8, Legende, {5880, 2280, 0, 0}, "Heure :", 0, "?"),
-      L(FrmResultParam, LblHeure, Legende, {8040, 2280, 0, 0}, "", 0, "?"),
-      L(FrmResultParam, Label9, Legende, {5880, 2880, 0, 0}, "N° de CRC :", 0, "?"),
-      L(FrmResultParam, LblCRC, Legende, {8040, 2880, 0, 0}, "", 0, "?"),
-      L(FrmResultParam, CmdOK, "bouton", {-1, -1, 0, 0}, "OK"),
+      L(FrmResultParam, Image1, "image", {480, 240, 480, 480}, "", 0, "", Dessin::Lecteur),
+      L(FrmResultParam, LblTitre, Legende, {1200, 300, 9600, 420}, "CONFIGURATION DU LECTEUR ELITE 650", 14.25, "gc"),
+      L(FrmResultParam, Label1, Legende, {480, 1080, 2100, 300}, "Constructeur :", 10.5, "g"),
+      L(FrmResultParam, LblConst, Legende, {2640, 1080, 3100, 300}, "", 10.5, "B"),
+      L(FrmResultParam, Label2, Legende, {480, 1680, 2100, 300}, "Type de lecteur :", 10.5, "g"),
+      L(FrmResultParam, LblTypeLec, Legende, {2640, 1680, 3100, 300}, "", 10.5, "B"),
+      L(FrmResultParam, Label3, Legende, {480, 2280, 2100, 300}, "N° de Série :", 10.5, "g"),
+      L(FrmResultParam, LblNumSerie, Legende, {2640, 2280, 3100, 300}, "", 10.5, "B"),
+      L(FrmResultParam, Label4, Legende, {480, 2880, 2100, 300}, "Type d'OS :", 10.5, "g"),
+      L(FrmResultParam, LblTypeOS, Legende, {2640, 2880, 3100, 300}, "", 10.5, "B"),
+      L(FrmResultParam, Label5, Legende, {480, 3480, 2100, 300}, "Nom de l'application :", 10.5, "g"),
+      L(FrmResultParam, LblNameAppli, Legende, {2640, 3480, 3100, 300}, "", 10.5, "B"),
+      L(FrmResultParam, Label6, Legende, {5880, 1080, 2100, 300}, "N° de Version :", 10.5, "g"),
+      L(FrmResultParam, LblNumVersion, Legende, {8040, 1080, 3100, 300}, "", 10.5, "B"),
+      L(FrmResultParam, Label7, Legende, {5880, 1680, 2100, 300}, "Date :", 10.5, "g"),
+      L(FrmResultParam, LblDate, Legende, {8040, 1680, 3100, 300}, "", 10.5, "B"),
+      L(FrmResultParam, Label8, Legende, {5880, 2280, 2100, 300}, "Heure :", 10.5, "g"),
+      L(FrmResultParam, LblHeure, Legende, {8040, 2280, 3100, 300}, "", 10.5, "B"),
+      L(FrmResultParam, Label9, Legende, {5880, 2880, 2100, 300}, "N° de CRC :", 10.5, "g"),
+      L(FrmResultParam, LblCRC, Legende, {8040, 2880, 3100, 300}, "", 10.5, "B"),
+      L(FrmResultParam, CmdOK, "bouton", {4965, 4140, 1350, 600}, "OK"),
 
-      L(frmAbout, picIcon, "image", {-1, -1, 0, 0}, "", 0, "", Dessin::Programme),
-      L(frmAbout, lblTitle, Legende, {-1, -1, 0, 0}, "PAVORIN INGENICO ELITE 650", 0, "?"),
-      L(frmAbout, lblVersion, Legende, {-1, -1, 0, 0}, "Version 2.2", 0, "?"),
-      L(frmAbout, Label1, Legende, {-1, -1, 0, 0}, "Station : ELITE 650", 0, "?"),
-      L(frmAbout, Label2, Legende, {-1, -1, 0, 0}, "Noyau :  Mono Application", 0, "?"),
-      L(frmAbout, lblDescription, Legende, {-1, -1, 0, 0}, "Constructeur : INGENICO", 0, "?"),
-      L(frmAbout, Image1, "image", {-1, -1, 0, 0}, "", 0, "", Dessin::Bandeau),
-      L(frmAbout, Image2, "image", {-1, -1, 0, 0}, "", 0, "", Dessin::Lecteur),
-      L(frmAbout, CmdOK, "bouton", {-1, -1, 0, 0}, "OK"),
+      L(frmAbout, picIcon, "image", {240, 240, 720, 720}, "", 0, "", Dessin::Programme),
+      L(frmAbout, lblTitle, Legende, {1200, 240, 4560, 420}, "PAVORIN INGENICO ELITE 650", 14.25, "g"),
+      L(frmAbout, lblVersion, Legende, {1200, 720, 4560, 300}, "Version 2.2", 10.5),
+      L(frmAbout, Label1, Legende, {1200, 1200, 4560, 300}, "Station : ELITE 650", 10.5),
+      L(frmAbout, Label2, Legende, {1200, 1560, 4560, 300}, "Noyau :  Mono Application", 10.5),
+      L(frmAbout, lblDescription, Legende, {1200, 1920, 4560, 300}, "Constructeur : INGENICO", 10.5),
+      L(frmAbout, Image1, "image", {240, 2640, 1500, 435}, "", 0, "", Dessin::Bandeau),
+      L(frmAbout, Image2, "image", {360, 1440, 480, 480}, "", 0, "", Dessin::Lecteur),
+      L(frmAbout, CmdOK, "bouton", {4440, 2640, 1320, 600}, "OK"),
   };
 #undef L
 }

@@ -86,13 +86,16 @@ struct Ecran_De_Test : Fenetrage {
   void Traiter_Evenements(std::chrono::milliseconds Attente) override {
     Plus_Longue = std::max(Plus_Longue, Attente);
     const double Secondes = std::chrono::duration<double>(Attente).count();
-    Temps.Maintenant += Secondes;
+    Temps.Maintenant = std::round((Temps.Maintenant + Secondes) * 1000) / 1000;
     Pannes_.Faits.Attendre(Secondes);
     Verifier();
     Pannes_.Passer("Traiter_Evenements");
     if (Au_Repos) Au_Repos();
   }
-  void Tenir_Eveille(bool Oui) override { Eveille = Oui; }
+  void Tenir_Eveille(bool Oui) override {
+    Eveille = Oui;
+    Pannes_.Faits.Noter(Oui ? "éveillé" : "peut dormir");
+  }
   [[noreturn]] void Quitter() override {
     Pannes_.Faits.Noter("fin");
     throw Programme_Arrete();
@@ -138,9 +141,10 @@ struct Disque_De_Test : Systeme_Fichiers {
   };
 
   std::string Repertoire_Programme() override { return "C:\\Pavorin"; }
-  void Chercher(std::string_view Repertoire, std::string_view,
+  void Chercher(std::string_view Repertoire, std::string_view Motif,
                 const std::function<bool(std::string_view)>& Visiter) override {
     Pannes_.Passer("Chercher");
+    Pannes_.Faits.Noter("cherche " + std::string(Repertoire).append(Motif));
     for (const auto& Chemin : Ordre) {
       const auto Coupe = Chemin.rfind('\\') + 1;
       if (Chemin.substr(0, Coupe) == Repertoire && !Visiter(std::string_view(Chemin).substr(Coupe))) return;

@@ -24,8 +24,19 @@ inline std::string Lisible(std::string_view Texte) {
   return Lu;
 }
 
-/// The facts, each followed by "; ". One that comes again at once is counted ("lecture ×3"), and so is
-/// the time that passes without any, from half a second on ("25 s").
+/// Facts as a test writes them, one after another: a semicolon ends each, blanks or a line's end follow.
+/// One a line, as Chronique gives them.
+inline std::string Recit(std::string_view Ecrit) {
+  std::string Faits;
+  for (bool Debut = true; const char C : Ecrit) {
+    if (Debut && (C == ' ' || C == '\n')) continue;
+    Faits += (Debut = C == ';') ? '\n' : C;
+  }
+  return Faits;
+}
+
+/// The facts, one a line. One that comes again at once is counted ("lecture ×3"), and so is the time that
+/// passes without any, from half a second on ("25 s").
 class Chronique {
  public:
   void Noter(const std::string& Fait) {
@@ -37,8 +48,7 @@ class Chronique {
   void Attendre(double Secondes) { Passe_ += Secondes; }
   /// Takes them all.
   std::string Prendre() {
-    Ajouter("");
-    Fois_ = 0;
+    Clore();
     return std::exchange(Faits_, {});
   }
   std::size_t Nombre() const { return Nombre_; }
@@ -47,10 +57,13 @@ class Chronique {
  private:
   void Ajouter(const std::string& Fait) {
     ++Nombre_;
-    if (Fait == Dernier_ && Fois_++ > 0) return;
-    if (Fois_ > 0) Faits_ += Dernier_ + (Fois_ > 1 ? " ×" + std::to_string(Fois_) : "") + "; ";
+    if (Fait != Dernier_) Clore();
     Dernier_ = Fait;
-    Fois_ = 1;
+    ++Fois_;
+  }
+  void Clore() {
+    if (Fois_ > 0) Faits_ += Dernier_ + (Fois_ > 1 ? " ×" + std::to_string(Fois_) : "") + "\n";
+    Fois_ = 0;
   }
   std::string Faits_, Dernier_;
   std::size_t Nombre_ = 0;
@@ -76,7 +89,9 @@ struct Lecture_Controle : Visiteur_Controles {
     De(Propriete::Active) = C.Active() ? "actif" : "inactif";
     C.Accueillir(*this);
   }
-  void Visiter(Barre_Progression& B) override { Genre = "barre", De(Propriete::Valeur) = std::to_string(B.Valeur()); }
+  void Visiter(Barre_Progression& B) override {
+    Genre = "barre", De(Propriete::Valeur) = std::to_string(B.Valeur()).substr(0, 7);
+  }
   void Visiter(Bouton&) override { Genre = "bouton"; }
   void Visiter(Cadre&) override { Genre = "cadre"; }
   void Visiter(Champ_Texte& C) override { Genre = C.Combien() == Champ_Texte::Lignes::Une ? "champ" : "pane"; }

@@ -46,13 +46,4 @@ TEST(Cout, Un_Bloc_N_Alloue_Rien) {
   }
 }
 
-TEST(Cout, Une_Recherche_Par_Genre_Et_Par_Passage) {
-  Poste_De_Test P;
-  int Recherches = 0;
-  P.Pannes_.Avant = [&](std::string_view Appel, int) { Recherches += Appel == "Chercher"; };
-  for (int I = 0; I < 500; ++I) P.Disque.Poser("C:\\Pavorin\\E" + std::to_string(1000 + I) + ".ing");
-  P.Demarrer();
-  EXPECT_EQ(Recherches, 1 + 2 + 2) << "presence, scan, second scan of the start-up";
-}
-
 }  // namespace

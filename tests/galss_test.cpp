@@ -4,6 +4,7 @@
 #include <gtest/gtest.h>
 
 #include "download/Chargement.h"
+#include "galss/Config_Lecteur.h"
 #include "galss/End_Process_Galls.h"
 #include "galss/Lecture_Config.h"
 #include "tests/Machine_De_Test.h"
@@ -147,6 +148,43 @@ TEST_F(Galss_Test, Deconnexion) {
   }
 }
 
+// As the reader's configuration window shows them, from a reply that ends anywhere.
+TEST_F(Galss_Test, Champs_De_La_Configuration) {
+  const std::string Fiche =
+      "\x01"
+      "INGENICO       LECTEUR BIFENTE 2.0M-XA-V2WXYZ  N\xB0 42             03Vitale  A                "
+      "     0 2720050315143012 4";
+  const auto Montrer = [&](std::size_t Taille, std::string Mois = "03") {
+    std::string Reponse = Fiche, Champs;
+    Reponse.replace(106, 2, Mois);
+    const Octets Lus(Reponse.begin(), Reponse.begin() + static_cast<std::ptrdiff_t>(Taille));
+    for (int I = 0; I < 9; ++I) {
+      try {
+        Champs += Afficher_Champ(Lus, Avant_Config_Galss, static_cast<Champ_Config>(I), Temps) + "|";
+      } catch (const Erreur& Levee) {
+        Champs += std::to_string(Levee.Numero()) + " " + Levee.Description() + "|";
+      }
+    }
+    return Champs;
+  };
+  const std::string Debut = "INGENICO|LECTEUR BIFENTE 2.0M-XA-V2|N° 42|03|Vitale  A|.27|";
+  EXPECT_EQ(Fiche.size(), 118U);
+  EXPECT_EQ(Montrer(118), Debut + "15 mars 2005|14:30|12 4|");
+  EXPECT_EQ(Montrer(113), Debut + "15 mars 2005|14:3||") << Fiche.substr(0, 113);
+  EXPECT_EQ(Montrer(20), "INGENICO|LECT||||.|13 Mois incorrect : |:||");
+  EXPECT_EQ(Montrer(0), "|||||.|13 Mois incorrect : |:||");
+  for (const auto& [Mois, Montre] :
+       std::initializer_list<std::pair<const char*, std::string>>{{"01", "15 janvier 2005"},
+                                                                  {"12", "15 décembre 2005"},
+                                                                  {" 2", "15 février 2005"},
+                                                                  {"00", "5 Mois incorrect : 00"},
+                                                                  {"13", "5 Mois incorrect : 13"},
+                                                                  {"1x", "13 Mois incorrect : 1x"},
+                                                                  {"  ", "13 Mois incorrect :   "}}) {
+    EXPECT_EQ(Montrer(118, Mois), Debut + Montre + "|14:30|12 4|");
+  }
+}
+
 TEST_F(Galss_Test, Arret_Du_Serveur) {
   const char* Noms[] = {
       "C:\\WINDOWS\\GALSVW32.EXE", "c:\\windows\\galsvw32.exe", "galsvw32.exe", "GALSVW32.EXE", "xgalsvw32.exe",
@@ -177,6 +215,8 @@ TEST_F(Galss_Test, Trames_Au_Bit_Pres) {
     Bloc_Chargement(Liaison, Rang, Donnees, Message);
     EXPECT_EQ(Derniere(), (Octets{0xFF, 1, 3, 2, 1, 0xFF, 0xFF, Type, 'a', 0, 'c'}));
   }
+  Demande_Telechargement(Liaison, "12", 3, Taille, Message);
+  EXPECT_EQ(Derniere(), Avec({1, 0, 0, 0x99}, "12  000003")) << "a shorter version is padded";
   Octets Configuration;
   Lecture_Config_Lecteur(Liaison, Configuration, Message);
   EXPECT_EQ(Derniere(), (Octets{1, 0, 0, 0x94}));
@@ -210,7 +250,9 @@ TEST_F(Galss_Test, Reponses_Aux_Trames) {
       {Lecture, {{64}, {64}}, 64, -7, Galss_64},
       {Lecture, {{0, {0, 52}}}, 52, -7, "Erreur de Téléchargement 52:Format de logiciel incorrect"},
       {Lecture, {{0, {0, 0}}}, 0, -7, "Erreur de Téléchargement 0:avant"},
+      {Lecture, {{0, {0, 52}, 1}}, 0, -7, "avant"},
       {Lecture, {{0, {0, 52}, 3}}, 0, -7, "avant"},
+      {Lecture, {{0, Octets(50, 'x')}}, 0, -7, "avant"},
       {Lecture, {{0, {}, 99999}}, 0, -7, "avant"},
       {Lecture, {{64, {}, 99999}, {0, {}, -7}}, 0, -7, "avant"},
       {Demande_T, {{0, {7, 7, 4}}}, 0, 4096, "avant"},

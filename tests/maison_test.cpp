@@ -45,64 +45,38 @@ std::string Piece_De(const std::string& Chemin) {
   return Meilleure;
 }
 
-std::vector<std::string> Inclus_Par(const std::string& Texte) {
+bool Permis(const std::string& Piece, const std::string& Inclus) {
+  return std::ranges::any_of(Pieces.at(Piece), [&](const auto& Debut) {
+    return Inclus.starts_with(Debut) && (Debut.ends_with(".h") || Piece_De(Inclus) != "app/Pavorin.cpp");
+  });
+}
+
+/// What breaks the rules, one line each. A source and its header are one where circles are looked for.
+std::string Fautes_De(const Sources& Toutes) {
   static const std::regex Inclusion("#include [<\"]([^>\"]+)[>\"]");
-  std::vector<std::string> Tous;
-  for (auto I = std::sregex_iterator(Texte.begin(), Texte.end(), Inclusion); I != std::sregex_iterator(); ++I)
-    Tous.push_back((*I)[1]);
-  return Tous;
-}
-
-/// A source and its header are one.
-std::string Corps(const std::string& Chemin) {
-  return Chemin.substr(0, Chemin.rfind('.'));
-}
-
-class Maison {
- public:
-  explicit Maison(const Sources& Toutes) {
-    for (const auto& [Chemin, Texte] : Toutes) Lire(Chemin, Texte);
-    for (const auto& [Fichier, Suivants] : Fleches_) Suivre(Fichier);
-  }
-  /// What breaks the rules, one line each.
+  const auto Corps = [](const std::string& Chemin) { return Chemin.substr(0, Chemin.rfind('.')); };
   std::string Fautes;
-
- private:
-  void Lire(const std::string& Chemin, const std::string& Texte) {
+  std::map<std::string, std::set<std::string>> Fleches;
+  for (const auto& [Chemin, Texte] : Toutes) {
     const std::string Piece = Piece_De(Chemin);
     if (Piece.empty()) Fautes += Chemin + " n'est dans aucune pièce\n";
-    for (const auto& Inclus : Inclus_Par(Texte)) {
+    for (auto I = std::sregex_iterator(Texte.begin(), Texte.end(), Inclusion); I != std::sregex_iterator(); ++I) {
+      const std::string Inclus = (*I)[1];
       // The headers of the language and of other tools, but for the one that only some rooms may know.
       if (Inclus != "windows.h" && Piece_De(Inclus).empty()) continue;
-      Fleches_[Corps(Chemin)].insert(Corps(Inclus));
+      if (Corps(Inclus) != Corps(Chemin)) Fleches[Corps(Chemin)].insert(Corps(Inclus));
       if (!Piece.empty() && Piece_De(Inclus) != Piece && !Permis(Piece, Inclus))
         Fautes += Chemin + " inclut " + Inclus + "\n";
     }
   }
-  static bool Permis(const std::string& Piece, const std::string& Inclus) {
-    return std::ranges::any_of(Pieces.at(Piece), [&](const auto& Debut) {
-      return Inclus.starts_with(Debut) && (Debut.ends_with(".h") || Piece_De(Inclus) != "app/Pavorin.cpp");
-    });
-  }
-  void Suivre(const std::string& Fichier) {
-    const auto Ici = std::ranges::find(Chemin_, Fichier);
-    if (Ici != Chemin_.end()) {
-      Fautes += "cercle :";
-      for (auto I = Ici; I != Chemin_.end(); ++I) Fautes += " " + *I;
-      Fautes += "\n";
-    } else if (Vus_.insert(Fichier).second) {
-      Chemin_.push_back(Fichier);
-      for (const auto& Suivant : Fleches_[Fichier]) {
-        if (Suivant != Fichier) Suivre(Suivant);
-      }
-      Chemin_.pop_back();
-    }
-  }
-
-  std::map<std::string, std::set<std::string>> Fleches_;
-  std::set<std::string> Vus_;
-  std::vector<std::string> Chemin_;  // from the first file to the one being followed
-};
+  // What leads to no file that is left goes, until only circles, and what leads to them, are left.
+  const auto Sort = [&](const auto& Un) {
+    return std::ranges::none_of(Un.second, [&](const auto& Suivant) { return Fleches.contains(Suivant); });
+  };
+  while (std::erase_if(Fleches, Sort) > 0) continue;
+  for (const auto& [Fichier, Suivants] : Fleches) Fautes += "cercle : " + Fichier + "\n";
+  return Fautes;
+}
 
 /// The program's sources, without what only judges it.
 Sources Lire_Le_Depot() {
@@ -121,10 +95,6 @@ Sources Lire_Le_Depot() {
   return Toutes;
 }
 
-std::string Fautes_De(const Sources& Toutes) {
-  return Maison(Toutes).Fautes;
-}
-
 TEST(Maison, Les_Inclusions_Vont_Dans_Un_Sens) {
   EXPECT_EQ(Fautes_De({{"galss/A.cpp", "#include <windows.h>"}}), "galss/A.cpp inclut windows.h\n");
   EXPECT_EQ(Fautes_De({{"ui/B.cpp", "#include \"update/C.h\""}}), "ui/B.cpp inclut update/C.h\n");
@@ -132,7 +102,7 @@ TEST(Maison, Les_Inclusions_Vont_Dans_Un_Sens) {
   EXPECT_EQ(Fautes_De({{"simulator/F.h", "#include \"platform/Texte.h\""}}), "simulator/F.h inclut platform/Texte.h\n");
   EXPECT_EQ(Fautes_De({{"neuve/G.h", ""}}), "neuve/G.h n'est dans aucune pièce\n");
   EXPECT_EQ(Fautes_De({{"ui/H.h", "#include \"ui/I.h\""}, {"ui/I.cpp", "#include \"ui/H.h\""}}),
-            "cercle : ui/H ui/I\n");
+            "cercle : ui/H\ncercle : ui/I\n");
   EXPECT_EQ(Fautes_De({{"update/J.cpp", "#include \"update/J.h\"\n#include \"ui/FMain.h\"\n#include <string>"}}), "");
   const Sources Toutes = Lire_Le_Depot();
   EXPECT_GT(Toutes.size(), 100U);

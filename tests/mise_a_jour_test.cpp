@@ -3,7 +3,7 @@
 
 #include <gtest/gtest.h>
 
-#include "tests/Machine_De_Test.h"
+#include "tests/Galss_Immediate.h"
 #include "update/Decider_Chargement.h"
 
 namespace {
@@ -19,10 +19,27 @@ Octets Reponse_De(const std::string& Type, const std::string& OS, const std::str
   return Octets(Texte.begin(), Texte.end());
 }
 
-TEST(Decision, Reponse_Trop_Courte_Ou_Vide) {
-  Variables_Globales V;
-  for (const Octets& Reponse : {Octets{}, Octets(2048, ' '), Octets{0, 52}}) {
-    EXPECT_EQ(Decider_Chargement(Reponse, {}, V).Issue, Issue_Decision::Terminal_Refuse);
+// Exact texts, all 30 characters of the type of the one, the first 26 of the other's.
+TEST(Decision, Lecteurs_Refuses) {
+  const std::string Autres[] = {
+      "INGENICO       INGENICO 650                  ", "INGENICO       INGENICO  650                X",
+      "Ingenico       INGENICO  650                 ", "INGENICO      XINGENICO  650                 ",
+      "INGENICO      XLECTEUR BIFENTE 2.0M-XA-V2    ", "INGENICO       lecteur bifente 2.0M-XA-V2    ",
+      "INGENICO       LECTEUR BIFENTE 2.0M-XA-V3    "};
+  std::vector<Octets> Refuses = {{},
+                                 Octets(2048, ' '),
+                                 {0, 52},
+                                 Reponse_De(Elite, "03", "0128"),
+                                 Reponse_De(Elite, "02", "0127"),
+                                 Reponse_De(Bifente_A, "01", "0130"),
+                                 Reponse_De(Bifente_B, "03", "0130")};
+  for (const std::string& Un : Autres) Refuses.push_back(Reponse_De(Un, "03", "0127"));
+  for (const Octets& Reponse : Refuses) {
+    Variables_Globales V;
+    V.Noyau_Et_Appli = true;
+    const auto R = Decider_Chargement(Reponse, {true, "noyau", "appli"}, V);
+    EXPECT_TRUE(R.Issue == Issue_Decision::Terminal_Refuse && R.Liste_Fichiers.empty() && V.Noyau_Et_Appli)
+        << Texte_De_Cp1252(Reponse);
   }
 }
 
@@ -40,18 +57,6 @@ TEST(Decision, Regles) {
     std::string Ordre;
     bool Chargement;
   } Cas[] = {
-      {Auto, Elite, "03", "0128", Oui, Oui, "04", "0300", Terminal_Refuse, "", false},
-      {Auto, Elite, "02", "0127", Oui, Oui, "04", "0300", Terminal_Refuse, "", false},
-      {Auto, "INGENICO       INGENICO 650                  ", "03", "0127", Oui, Oui, "", "", Terminal_Refuse, "",
-       false},
-      {Auto, "Ingenico       INGENICO  650                 ", "03", "0127", Oui, Oui, "", "", Terminal_Refuse, "",
-       false},
-      {Auto, "INGENICO      XLECTEUR BIFENTE 2.0M-XA-V2    ", "04", "0130", Oui, Oui, "", "", Terminal_Refuse, "",
-       false},
-      {Auto, "INGENICO       lecteur bifente 2.0M-XA-V2    ", "04", "0130", Oui, Oui, "", "", Terminal_Refuse, "",
-       false},
-      {Auto, Bifente_A, "01", "0130", Oui, Oui, "04", "0300", Terminal_Refuse, "", false},
-      {Auto, Bifente_B, "03", "0130", Oui, Oui, "04", "0300", Terminal_Refuse, "", false},
       {Auto, Bifente_A, "02", "0001", Oui, Non, "02", "", A_Charger, "K", false},
       {Auto, Bifente_A, " 9", "0130", Oui, Oui, "09", "0130", A_Charger, "K", false},
       {Auto, Bifente_B, "04", "0130", Oui, Oui, "03", "0131", A_Charger, "A", false},
@@ -73,7 +78,8 @@ TEST(Decision, Regles) {
       {Manuel, Elite, "03", "0127", Non, Non, "01", "0127", A_Charger, "A", false},   // application before kernel
       {Manuel, Elite, "03", "0127", Oui, Non, "01", "0130", A_Charger, "K", false},   // kernel alone
       {Manuel, Elite, "03", "0127", Oui, Oui, "01", "0127", A_Charger, "KA", false},  // both of the first generation
-      {Manuel, Elite, "03", "0127", Oui, Oui, "03", "0130", A_Charger, "KA", false},  // both later
+      {Manuel, Elite, "03", "0127", Oui, Non, "01", "0127", A_Charger, "K", false},   // kernel alone
+      {Manuel, Elite, "03", "0127", Oui, Oui, "02", "0128", A_Charger, "KA", false},  // both later
       {Manuel, Elite, "03", "0127", Oui, Non, "03", "0130", A_Charger, "KA", false},  // both later
       {Manuel, Elite, "03", "0127", Oui, Oui, "03", "0127", A_Charger, "A", false},   // the one of the first generation
       {Manuel, Elite, "03", "0127", Oui, Oui, "01", "0130", A_Charger, "K", false},   // the one of the first generation
@@ -112,133 +118,188 @@ TEST(Decision, Regles) {
 }
 
 const std::string Avant_200 =
-    "type_lecteur = LECTEUR BIFENTE 2.0M-XA-V2; type_os = 02; num_version = 0130; lectures_muettes = 3\n";
+    "type_lecteur = LECTEUR BIFENTE 2.0M-XA-V2; type_os = 02; num_version = 0199; lectures_muettes = 3\n";
 const std::string Depuis_200 =
     "type_lecteur = LEC-V03.00-0065 2.0M-XA-V2; type_os = 04; num_version = 0200; lectures_muettes = 3\n";
-const std::string H = "\t14:30:05\r\n";
-const std::string Debut = "PROCEDURE DE CHARGEMENT\r\n=========================\r\nConnexion en cours ... \r\n";
-const std::string Connecte = Debut + "Connexion Réussie.\r\n";
-const std::string Fin = "Arrêt du Galss\r\n";
-const std::string Reussi = "Début du chargement." + H + "Chargement Réussi." + H;
-const std::string Confirmer =
-    "TELECHARGER | Confirmez-vous la mise à jour du ou des fichiers ci-dessous :\r\n"
-    "Fexa0500.ing\n\rER0300.ing\n\r | question | oui, non";
-const std::string Installation = "Télécharger | Vérifiez l'installation du service SESAM-Vitale (GALSS).";
+
+// What an update tells, from the click on.
+const std::string Debut =
+    R"(TxtDetails visible; TxtDetails = ; TxtDetails peint; TxtDetails = PROCEDURE DE CHARGEMENT¶; TxtDetails + =========================¶;
+  réglages C:\Pavorin\; TxtDetails + Connexion en cours ... ¶; )";
+const std::string Connecte = Debut + "OuvrirSession; DebutExclusivite; TxtDetails + Connexion Réussie.¶; ";
+const std::string Confirmer = "[TELECHARGER | Confirmez-vous la mise à jour du ou des fichiers ci-dessous :¶";
+const std::string Les_Deux = Connecte + "lecture; " + Confirmer + "Fexa0500.ing↓←ER0300.ing↓← | question | oui, non]; ";
+const std::string Installation = "[Télécharger | Vérifiez l'installation du service SESAM-Vitale (GALSS).]; ";
 const std::string Service =
-    "Télécharger | Vérifiez le service SESAM-Vitale (GALSS)n'est pas déjà ouvert, si le service est ouvert veuillez "
-    "supprimer cette tache ATL+CTRL+SUPP et séléctionnez galsvw32.exe et faite terminer la tache.";
+    "[Télécharger | Vérifiez le service SESAM-Vitale (GALSS)n'est pas déjà ouvert, si le service est ouvert veuillez "
+    "supprimer cette tache ATL+CTRL+SUPP et séléctionnez galsvw32.exe et faite terminer la tache.]; ";
+const std::string Serveur = "termine 41; ";
+const std::string Fin = "TxtDetails + Arrêt du Galss¶; " + Serveur;
+const std::string Rendu = "flèche; CmdQuitter actif; ";  // to the operator
+const std::string Fermee = "FMain active; FrmAnimCharg inactive; FrmAnimCharg fermée; ";
+const std::string Noyau = "C:\\Pavorin\\Fexa0500.ing; ", Appli = "C:\\Pavorin\\ER0300.ing; ";
+const std::string Reussi = R"(LblTitre = Chargement Réussi.; PgbExe caché;
+  LblCom = Attendre l'écran de repos du lecteur Elite 650; LblNumBlock caché; LblBlock caché; LblNumTaille caché;
+  TxtDetails + Chargement Réussi.→14:30:05¶; )";
+const std::string Echoue = R"(LblTitre = Problème lors du Chargement.; PgbExe caché; LblCom = Chargement Echoué ...;
+  LblNumBlock caché; LblBlock caché; LblNumTaille caché; TxtDetails + Problème lors du Chargement.→14:30:05¶;
+  FinExclusivite; FermerSession; TxtDetails + ¶Déconnexion Réussie; 3 s; )";
+
+/// A file opened, and its progress window; what is read of it.
+std::string Ouvrir(const std::string& Fichier, const std::string& Ligne, int Lus) {
+  return "ouvre " + Fichier + "TxtDetails + Ouverture du fichier" + Ligne +
+         "¶; LblTitre = Chargement en cours ...; FMain inactive; FrmAnimCharg montrée; LblNumBlock = 0; "
+         "FrmAnimCharg peinte; lit " +
+         std::to_string(Lus) + "; demande; ";
+}
+/// Blocks sent, the bar after each.
+std::string Blocs(const std::vector<std::string>& Barres) {
+  std::string Recit = "TxtDetails + Début du chargement.→14:30:05¶; TxtDetails peint; ";
+  for (std::size_t I = 0; I < Barres.size(); ++I) {
+    Recit += "bloc; ";
+    if (I == 0) Recit += "FrmAnimCharg montrée; FrmAnimCharg peinte; PgbExe peint; ";
+    Recit += "LblNumBlock = " + std::to_string(I + 1) + "; PgbExe " + Barres[I] +
+             "; LblNumTaille =  " + Barres[I].substr(0, Barres[I].find('.')) +
+             "%; LblNumBlock peint; LblNumTaille peint; PgbExe peint; ";
+  }
+  return Recit;
+}
 
 struct Mise_A_Jour_Test : testing::Test {
-  void Preparer(const std::string& Scenario, std::size_t Noyau = 10000, std::size_t Appli = 5000) {
+  using Fichiers = std::vector<std::pair<std::string, std::size_t>>;  // names and sizes
+  void Preparer(const std::string& Scenario, const Fichiers& Tous = {{"Fexa0500.ing", 5000}, {"ER0300.ing", 3000}}) {
     P = std::make_unique<Poste_De_Test>(Scenario);
     P->Processus.Actifs = {{41, "galsvw32.exe"}, {42, "autre.exe"}};
-    if (Noyau != 0) P->Disque.Poser("C:\\Pavorin\\Fexa0500.ing", Contenu(Noyau));
-    if (Appli != 0) P->Disque.Poser("C:\\Pavorin\\ER0300.ing", Contenu(Appli));
+    for (const auto& [Nom, Taille] : Tous) P->Disque.Poser("C:\\Pavorin\\" + Nom, Contenu(Taille));
     P->Demarrer();
-    FMain().OptManuel.Active(true);
+    FMain().TxtDetails.Texte("avant");
+    FMain().TxtDetails.Visible(false);
     FMain().CmdQuitter.Active(false);
+    P->Faits();
   }
-  /// An update, and what holds after any; how many seconds it took.
-  double Mettre_A_Jour() {
-    const double Avant = P->Temps.Maintenant;
+  /// What an update tells.
+  std::string Mettre_A_Jour() {
     FMain().CmdMaj.Cliquer();
     EXPECT_EQ(P->Disque.Ouverts, 0);
-    EXPECT_FALSE(Progression().Ouverte());
-    EXPECT_TRUE(FMain().Active());
-    return P->Temps.Maintenant - Avant;
+    EXPECT_EQ(P->Lecteur.Fautes(), std::vector<std::string>());
+    return P->Faits();
+  }
+  /// The same, behind the confirmation.
+  std::string Charger() {
+    const std::string Faits = Mettre_A_Jour(), Avant = Recit(Les_Deux);
+    EXPECT_TRUE(Faits.starts_with(Avant)) << Faits;
+    return Faits.substr(std::min(Avant.size(), Faits.size()));
   }
   Fenetre_Principale& FMain() { return P->App.F.FMain; }
-  Fenetre_Progression& Progression() { return P->App.F.FrmAnimCharg; }
   const Octets& Recu(std::size_t Rang) const { return P->Lecteur.Fichiers().at(Rang).Contenu; }
-  std::size_t Arrets() const { return P->Processus.Termines.size(); }
   std::unique_ptr<Poste_De_Test> P;
 };
 
-TEST_F(Mise_A_Jour_Test, Noyau_Et_Application_Dans_Chaque_Famille) {
-  for (const bool Chargement : {false, true}) {
-    Preparer(Chargement ? Depuis_200 : Avant_200);
-    std::vector<std::string> Vues;
-    P->Ecran.Au_Repos = [&] {
-      const std::string Vue = Progression().LblTitre.Texte() + "|" + Progression().LblCom.Texte() +
-                              (FMain().Souris() == Pointeur::Sablier ? "|sablier" : "|");
-      if (Vues.empty() || Vues.back() != Vue) Vues.push_back(Vue);
-      EXPECT_FALSE(FMain().Active() || Progression().PgbExe.Visible() || Progression().LblBlock.Visible());
-    };
-    bool Commence = false;
-    P->Pannes_.Avant = [&](std::string_view Appel, int) {
-      Commence = Commence || Appel == "Taille";
-      EXPECT_EQ(P->Ecran.Eveille, Commence) << Appel << ": awake from the first file to the last";
-    };
-    EXPECT_NEAR(Mettre_A_Jour(), (Chargement ? 24 : 25) + 7, 0.2);
-    EXPECT_FALSE(P->Ecran.Eveille);
-    P->Pannes_.Avant = {};
-    const std::string Noyau = Chargement ? ". " : " Fexa0500.ing 10000 Octets.";
-    const std::string Appli = Chargement ? ". " : " ER0300.ing 5000 Octets.";
-    EXPECT_EQ(P->Pane(), Connecte + "Ouverture du fichier" + Noyau + "\r\n" + Reussi + "Ouverture du fichier" + Appli +
-                             "\r\n" + Reussi + Fin);
-    EXPECT_EQ(P->Ecran.Boites, std::vector{Confirmer});
-    EXPECT_EQ(Recu(0), Contenu(Chargement ? 9997 : 10000)) << "Contenu(n) is a prefix of any longer one";
-    EXPECT_EQ(Recu(1), Contenu(Chargement ? 4997 : 5000));
-    EXPECT_EQ(P->Lecteur.Fautes(), std::vector<std::string>());
-    const std::string Vue = "Chargement Réussi.|Attendre l'écran de repos du lecteur Elite 650|";
-    std::vector<std::string> Attendues = {Vue + "sablier"};
-    if (Chargement) Attendues.push_back(Vue);  // the kernel's closing steps restore the pointer
-    EXPECT_EQ(Vues, Attendues);
-    EXPECT_EQ(P->Lecteur.Nombre(Cible::Lecture), 1 + 3 + 1);
-    EXPECT_EQ(Arrets(), 1U);
-    EXPECT_EQ(FMain().Souris(), Pointeur::Defaut);
-    EXPECT_FALSE(P->App.Globales.Noyau_Et_Appli);
-    EXPECT_EQ(P->Profil.Repertoire(), Cp1252_De_Texte("C:\\Pavorin\\"));
-    EXPECT_EQ(P->App.Globales.Version_Appli, Chargement ? "0300" : "0000");
-    FMain().TxtChooseDirectory.Texte("C:\\Pavorin");
-    EXPECT_EQ(P->App.Globales.Version_Appli, "0300") << "a rescan sets it again";
-  }
+TEST_F(Mise_A_Jour_Test, Noyau_Et_Application_Par_Telecharger_Fichier) {
+  Preparer(Avant_200);
+  EXPECT_EQ(Mettre_A_Jour(),
+            Recit(Les_Deux + "éveillé; sablier; " + Ouvrir(Noyau, " Fexa0500.ing 5000 Octets.", 5000) +
+                  Blocs({"40.8600", "81.7200", "100.000"}) + "ferme " + Noyau + Reussi + "25 s; " + Fermee +
+                  "lecture ×4; " + Ouvrir(Appli, " ER0300.ing 3000 Octets.", 3000) + Blocs({"68.0999", "100.000"}) +
+                  Reussi + "7 s; " + Fermee + "ferme " + Appli + Rendu + Fin + "peut dormir; "));
+  EXPECT_EQ(Recu(0), Contenu(5000));
+  EXPECT_EQ(Recu(1), Contenu(3000));
+  EXPECT_EQ(P->App.Globales.Version_Appli, "0000");
+  FMain().TxtChooseDirectory.Texte("C:\\Pavorin");
+  EXPECT_EQ(P->App.Globales.Version_Appli, "0300") << "a rescan sets it again";
+}
+
+// The kernel's closing steps restore the pointer and "Quitter".
+TEST_F(Mise_A_Jour_Test, Noyau_Et_Application_Par_Charger_Fichier) {
+  Preparer(Depuis_200);
+  EXPECT_EQ(
+      Mettre_A_Jour(),
+      Recit(Les_Deux + "éveillé; sablier; " + Ouvrir(Noyau, ". ", 4997) + Blocs({"40.8845", "81.7690", "100.000"}) +
+            Reussi + "24 s; " + Fermee + "ferme " + Noyau + Rendu + "lecture ×4; " + Ouvrir(Appli, ". ", 2997) +
+            Blocs({"68.1681", "100.000"}) + Reussi + "7 s; " + Fermee + "ferme " + Appli + Fin + "peut dormir; "));
+  EXPECT_EQ(Recu(0), Contenu(4997)) << "Contenu(n) is a prefix of any longer one";
+  EXPECT_EQ(Recu(1), Contenu(2997));
+  EXPECT_EQ(P->App.Globales.Version_Appli, "0300");
+  EXPECT_FALSE(P->App.Globales.Noyau_Et_Appli);
+}
+
+TEST_F(Mise_A_Jour_Test, Noyau_Seul) {
+  const std::string Question = Connecte + "lecture; " + Confirmer + "Fexa0500.ing↓← | question | oui, non]; éveillé; ";
+  Preparer(Avant_200, {{"Fexa0500.ing", 2043}});
+  EXPECT_EQ(Mettre_A_Jour(),
+            Recit(Question + "sablier; " + Ouvrir(Noyau, " Fexa0500.ing 2043 Octets.", 2043) + Blocs({"100.000"}) +
+                  "ferme " + Noyau + Reussi + "25 s; " + Fermee + Fin + "flèche; peut dormir; "));
+  Preparer(Depuis_200, {{"Fexa0500.ing", 2046}});
+  P->App.Globales.Noyau_Et_Appli = true;  // of an earlier update
+  EXPECT_EQ(Mettre_A_Jour(), Recit(Question + "sablier; " + Ouvrir(Noyau, ". ", 2043) + Blocs({"100.000"}) + Reussi +
+                                   "7 s; " + Fermee + "ferme " + Noyau + Rendu + Fin + "peut dormir; "));
+}
+
+TEST_F(Mise_A_Jour_Test, Lecteur_Muet_Apres_Le_Noyau) {
+  Preparer(Depuis_200 + "lectures_muettes = 20000");
+  const std::string Faits = Charger();
+  EXPECT_NE(Faits.find("\nlecture ×10000\nouvre C:\\Pavorin\\ER0300.ing\n"), std::string::npos) << Faits;
+  EXPECT_NE(Faits.find("\ndemande\nLblTitre = Problème lors du Chargement.\n"), std::string::npos)
+      << "tried all the same";
 }
 
 TEST_F(Mise_A_Jour_Test, Fins_Sans_Chargement) {
-  const std::string Refuse = "attention | Impossible de télécharger ce type de terminal !";
-  const std::string Manquant =
-      "Attention | Impossible de mettre à jour le terminal, puisque  une application ou un noyau récent est manquant !";
+  const std::string Refuse = "[attention | Impossible de télécharger ce type de terminal !]; ";
+  const std::string Manquant = R"([Attention | Impossible de mettre à jour le terminal, puisque  une application )"
+                               "ou un noyau récent est manquant !]; ";
   const std::string Rien = "Aucune nouvelle version n'a été détéctée dans ce ";
   const std::string Interdit = "Impossible d'effectuer la mise à jour, sous peine de rendre inutilisable le terminal";
-  const std::string Texte_4096 = "Erreur GALSS 4096 : La session est inconnue\r\n";
+  const std::string Inconnue = "TxtDetails + Erreur GALSS 4096 : La session est inconnue¶", Lu = Connecte + "lecture; ";
+  const std::string Arret = "TxtDetails + arrêt du Galss¶; " + Serveur;
+  const Fichiers Deux = {{"Fexa0500.ing", 9}, {"ER0300.ing", 9}};
   const struct {
-    std::string Scenario, Modes, Boite, Pane;  // modes set after the start: M, A; without the kernel: K, or the
-    std::size_t Arrets;                        // application: P
+    std::string Scenario;
+    Fichiers Tous;
+    std::string Gestes;  // manual mode (M), automatic mode (A), the first application (a), the first kernel (n)
+    std::string Faits;
   } Cas[] = {
-      {"defaut = OuvrirSession : code 4096", "", Refuse, Debut + Texte_4096 + Texte_4096 + Fin, 1},
-      {"defaut = lecture : code 4096", "", Refuse, Connecte + Texte_4096 + Fin, 1},
-      {"defaut = lecture : refus 52", "", Refuse,
-       Connecte + "Erreur de Téléchargement 52:Format de logiciel incorrect\r\n" + Fin, 1},
-      {"num_version = 0126", "", Refuse, Connecte, 0},
-      {"", "KMA", Manquant, Connecte, 0},
-      {"", "K", Manquant, Connecte, 0},
-      {"", "P", Manquant, Connecte, 0},
-      {Avant_200 + "num_version = 0300; type_os = 06", "", "Information | " + Rien + "répertoire",
-       Connecte + Rien + "repertoire\r\narrêt du Galss\r\n", 1},
-      {"", "M", "Attention | " + Interdit + " !!!", Connecte + Interdit + " !!!\r\narrêt du Galss\r\n", 1},
-      {Avant_200, "M", "Attention | " + Interdit + ".", Connecte + Interdit + ".\r\narrêt du Galss\r\n", 1},
-      {Avant_200, "", Confirmer, Connecte + "mise à jour stoppée par l'utilisateur\r\n" + Fin, 1},
+      {"defaut = OuvrirSession : code 4096", Deux, "", Debut + "OuvrirSession; " + Inconnue + " ×2; " + Fin + Refuse},
+      {"defaut = DebutExclusivite : code 4096", Deux, "",
+       Debut + "OuvrirSession; DebutExclusivite; " + Inconnue + " ×2; " + Fin + Refuse},
+      {"defaut = lecture : code 4096", Deux, "", Lu + Inconnue + "; " + Fin + Refuse},
+      {"defaut = lecture : refus 52", Deux, "",
+       Lu + "TxtDetails + Erreur de Téléchargement 52:Format de logiciel incorrect¶; " + Fin + Refuse},
+      {"defaut = lecture : octets 00 49 4E", Deux, "", Lu + Refuse},
+      {"num_version = 0126", Deux, "", Lu + Refuse},
+      {"", {{"ER0300.ing", 9}}, "MA", Lu + Manquant},
+      {"", {{"ER0300.ing", 9}}, "", Lu + Manquant},
+      {"", {{"Fexa0500.ing", 9}}, "", Lu + Manquant},
+      {Avant_200 + "num_version = 0300; type_os = 06", Deux, "",
+       Lu + "[Information | " + Rien + "répertoire]; TxtDetails + " + Rien + "repertoire¶; " + Arret},
+      {"", Deux, "Ma", Lu + "[Attention | " + Interdit + " !!!]; TxtDetails + " + Interdit + " !!!¶; " + Arret},
+      {Avant_200,
+       {{"Fexa0100.ing", 9}, {"ER0127.ing", 9}},
+       "Man",
+       Lu + "[Attention | " + Interdit + ".]; TxtDetails + " + Interdit + ".¶; " + Arret},
+      {Avant_200, Deux, "", Les_Deux + "TxtDetails + mise à jour stoppée par l'utilisateur¶; " + Fin},
+      {Avant_200,
+       {{"ER0300.ing", 9}},
+       "Ma",
+       Lu + Confirmer + "ER0300.ing¶ | question | oui, non]; TxtDetails + mise à jour stoppée par l'utilisateur¶; " +
+           Fin},
   };
   for (const auto& C : Cas) {
-    SCOPED_TRACE(C.Boite);
-    const auto Demande = [&](char Lettre) { return C.Modes.find(Lettre) != std::string::npos; };
-    Preparer(C.Scenario, Demande('K') ? 0 : 100, Demande('P') ? 0 : 100);
-    if (Demande('M')) FMain().OptManuel.Choisir();
-    if (Demande('A')) FMain().OptAuto.Choisir();
-    FMain().CmdMaj.Active(true);
-    P->Ecran.Boites.clear();
+    SCOPED_TRACE(C.Scenario + C.Gestes);
+    Preparer(C.Scenario, C.Tous);
+    for (const char Geste : C.Gestes) {
+      if (Geste == 'M') FMain().OptManuel.Choisir();
+      if (Geste == 'A') FMain().OptAuto.Choisir();
+      if (Geste == 'a') FMain().CchosseAppli.Choisir_A_La_Main(0);
+      if (Geste == 'n') FMain().CchooseNoyau.Choisir_A_La_Main(0);
+    }
+    P->Faits();
     P->Ecran.Confirmation = Reponse::Non;
-    Mettre_A_Jour();
-    EXPECT_EQ(P->Ecran.Boites, std::vector{C.Boite});
-    EXPECT_EQ(P->Pane(), C.Pane);
-    EXPECT_EQ(Arrets(), C.Arrets);
-    EXPECT_TRUE(P->Lecteur.Fichiers().empty() && P->Lecteur.Fautes().empty());
-    EXPECT_EQ(FMain().Souris(), Pointeur::Defaut);
+    EXPECT_EQ(Mettre_A_Jour(), Recit(C.Faits));
   }
 }
 
 TEST_F(Mise_A_Jour_Test, Chargement_Refuse) {
+  const std::vector<std::string> Avant = {"40.8600", "81.7200", "100.000"}, Depuis = {"40.8845", "81.7690", "100.000"};
   const struct {
     const std::string& Lecteur;
     std::string Defaut;
@@ -251,20 +312,14 @@ TEST_F(Mise_A_Jour_Test, Chargement_Refuse) {
              {Avant_200, "demande : octets 00 00", 0},    {Depuis_200, "demande : octets 00 02 00", 0}};
   for (const auto& C : Cas) {
     SCOPED_TRACE(C.Defaut);
+    const bool Premiere = &C.Lecteur == &Avant_200;
+    const auto& Barres = Premiere ? Avant : Depuis;
+    std::string Attendu = Premiere ? Ouvrir(Noyau, " Fexa0500.ing 5000 Octets.", 5000) : Ouvrir(Noyau, ". ", 4997);
+    if (C.Blocs > 0) Attendu += Blocs({Barres.begin(), Barres.begin() + C.Blocs});
+    if (C.Defaut.ends_with("64")) Attendu.replace(Attendu.find("bloc;"), 5, "bloc ×2;");
+    Attendu += Premiere ? "ferme " + Noyau + Echoue + Fermee : Echoue + Fermee + "ferme " + Noyau;
     Preparer(C.Lecteur + "defaut = " + C.Defaut);
-    std::string Vue;
-    P->Ecran.Au_Repos = [&] {
-      const auto& F = Progression();
-      Vue = F.LblNumBlock.Texte() + F.LblTitre.Texte() + F.LblCom.Texte();
-    };
-    EXPECT_NEAR(Mettre_A_Jour(), 3, 0.1);
-    EXPECT_EQ(Vue, std::to_string(C.Blocs) + "Problème lors du Chargement.Chargement Echoué ...");
-    EXPECT_TRUE(P->Pane().ends_with("Problème lors du Chargement." + H + "\r\nDéconnexion Réussie" + Fin)) << P->Pane();
-    EXPECT_EQ(P->Pane().find("Début du chargement.") != std::string::npos, C.Blocs > 0);
-    EXPECT_EQ(P->Lecteur.Nombre(Cible::Demande), 1) << "no application after a failed kernel";
-    EXPECT_FALSE(P->Lecteur.Session_Ouverte());
-    EXPECT_TRUE(FMain().CmdQuitter.Active());
-    EXPECT_EQ(FMain().Souris(), Pointeur::Defaut);
+    EXPECT_EQ(Charger(), Recit("éveillé; sablier; " + Attendu + Rendu + Fin + "peut dormir; "));
   }
 }
 
@@ -272,102 +327,88 @@ TEST_F(Mise_A_Jour_Test, Tailles_De_Fichier) {
   // One block holds 2043 bytes of data at size byte 4.
   for (const auto& [Taille, Blocs] :
        {std::pair<std::size_t, int>{1, 1}, {2042, 1}, {2043, 1}, {2044, 2}, {4086, 2}, {4087, 3}, {0, 0}}) {
-    SCOPED_TRACE(Taille);
-    Preparer(Avant_200, 0, Taille + 1);
-    P->Disque.Fichiers["C:\\Pavorin\\ER0300.ing"] = Contenu(Taille);
-    FMain().OptManuel.Choisir();
-    FMain().CchosseAppli.Choisir_A_La_Main(0);
-    std::string Pourcentage;
-    P->Ecran.Au_Repos = [&] { Pourcentage = Progression().LblNumTaille.Texte(); };
-    Mettre_A_Jour();
-    EXPECT_EQ(P->Lecteur.Nombre(Cible::Bloc), Blocs);
-    EXPECT_EQ(Recu(0), Contenu(Taille));
-    EXPECT_EQ(Pourcentage, Blocs == 0 ? "" : " 100%");
-    EXPECT_TRUE(P->Pane().ends_with(Reussi + Fin));
+    for (const std::size_t Retenus : {0, 3}) {
+      SCOPED_TRACE(Taille);
+      Preparer(Retenus == 0 ? Avant_200 : Depuis_200, {{"ER0300.ing", Taille + Retenus}});
+      EXPECT_NE(Mettre_A_Jour().find("\nLblTitre = Chargement Réussi.\n"), std::string::npos);
+      EXPECT_EQ(P->Lecteur.Nombre(Cible::Bloc), Blocs);
+      EXPECT_EQ(Recu(0), Contenu(Taille));
+    }
   }
 }
 
-TEST_F(Mise_A_Jour_Test, Blocs_Montres) {
-  Preparer(Avant_200 + "taille_bloc = 1", 0, 1521);  // 507 bytes of data per block
-  std::vector<std::string> Vues;
-  P->Lecteur.Avant_Appel = [&](Cible Operation, int) {
-    const auto& F = Progression();
-    if (Operation != Cible::Echange || !F.Ouverte()) return;
-    const std::string Barre = std::to_string(F.PgbExe.Valeur()).substr(0, 7);
-    Vues.push_back(F.LblNumBlock.Texte() + F.LblNumTaille.Texte() + " " + Barre);
-  };
-  Mettre_A_Jour();
-  EXPECT_EQ(Vues, (std::vector<std::string>{"0 0.00000", "0 0.00000", "1 33% 33.3333", "2 66% 66.6666"}));
+// Told to the reader by a direct transfer alone: an update puts "0000" there.
+TEST(Transfert, Version_De_L_Application) {
+  for (const bool Un_Noyau : {false, true}) {
+    Transfert_Immediat T(100);
+    T.App.Globales.Version_Appli = "0301";
+    EXPECT_TRUE(T.Transferts.Telecharger_Fichier(T.Chemin, Un_Noyau));
+    EXPECT_EQ(T.Immediate.Version, Un_Noyau ? "0000" : "0301");
+  }
 }
 
+// The file is read whole, once, before the reader hears of it.
 TEST_F(Mise_A_Jour_Test, Disque_Retire_Pendant_Le_Transfert) {
-  Preparer(Depuis_200, 0, 5003);
-  std::string Lectures;
+  Preparer(Depuis_200, {{"ER0300.ing", 5003}});
   P->Pannes_.Avant = [&](std::string_view Appel, int) {
-    if (Appel == "Lire") Lectures += Progression().LblNumBlock.Texte() + "; ";
-    if (Appel == "Galss" && Progression().Ouverte()) P->Disque.Fichiers.clear();
+    if (Appel == "Galss" && P->App.F.FrmAnimCharg.Ouverte()) P->Disque.Fichiers.clear();
   };
   Mettre_A_Jour();
-  EXPECT_EQ(Lectures, "0; ") << "once, the progress window up";
   EXPECT_EQ(Recu(0), Contenu(5000));
-  EXPECT_TRUE(P->Pane().ends_with(Reussi + Fin)) << P->Pane();
-}
-
-TEST_F(Mise_A_Jour_Test, Lecteur_Muet_Apres_Le_Noyau) {
-  Preparer(Depuis_200 + "lectures_muettes = 20000");
-  Mettre_A_Jour();
-  EXPECT_EQ(P->Lecteur.Nombre(Cible::Lecture), 1 + 10000);
-  EXPECT_EQ(P->Lecteur.Nombre(Cible::Demande), 2) << "the application follows in any case";
-  EXPECT_FALSE(P->App.Globales.Noyau_Et_Appli);
 }
 
 TEST_F(Mise_A_Jour_Test, Erreurs_Du_Transfert) {
+  const std::string Fermeture = "TxtDetails + Fermeture du fichier.→14:30:05¶; ";
+  const auto Jusque = [](std::string Tout, const std::string& Fait) { return Tout.substr(0, Tout.find(Fait)); };
+  const auto Ligne = [](const std::string& Texte) { return "TxtDetails + " + Texte + "→14:30:05¶; "; };
+  const std::string Ouvert = Ouvrir(Noyau, " Fexa0500.ing 5000 Octets.", 5000), Ouverte = Ouvrir(Appli, ". ", 0);
+  const std::string Fin_Et_Fleche = "CmdQuitter actif; " + Fin + "flèche; peut dormir; ";
   const struct {
     std::string Appel;
     int Numero;
-    std::string Fermeture, Boite;  // the box after the confirmation, if any
-  } Cas[] = {{"Taille", 53, "", ""},
-             {"Ouvrir_Fichier", 70, "", ""},
-             {"Lire", 62, "Fermeture du fichier." + H, ""},
-             {"Galss", 48, "Fermeture du fichier." + H, Installation}};
+    std::string Faits;
+  } Cas[] = {{"Taille", 53, Ligne("Panne 53")},
+             {"Ouvrir_Fichier", 70, Ligne("Panne 70")},
+             {"Lire", 62, Jusque(Ouvert, "lit ") + Ligne("Panne 62") + "ferme " + Noyau + Fermeture + Fermee},
+             {"Galss", 48, Ouvert + Ligne("Panne 48") + "ferme " + Noyau + Fermeture + Installation + Fermee}};
   for (const auto& C : Cas) {
     SCOPED_TRACE(C.Appel);
     Preparer(Avant_200);
     P->Pannes_.Avant = [&](std::string_view Appel, int) {
-      const bool Pendant = Appel != "Galss" || Progression().Ouverte();
+      const bool Pendant = Appel != "Galss" || P->App.F.FrmAnimCharg.Ouverte();
       if (Appel == C.Appel && Pendant) throw Erreur(C.Numero, "Panne");
     };
-    EXPECT_EQ(Mettre_A_Jour(), 0) << "no pause";
-    const std::string Ligne = "Panne " + std::to_string(C.Numero) + H;
-    EXPECT_TRUE(P->Pane().ends_with(Ligne + C.Fermeture + Fin)) << P->Pane();
+    EXPECT_EQ(Charger(), Recit("éveillé; sablier; " + C.Faits + Fin_Et_Fleche));
     EXPECT_EQ(P->Lecteur.Nombre(Cible::Demande), 0) << "nothing sent";
-    EXPECT_EQ(P->Ecran.Boites.back(), C.Boite.empty() ? Confirmer : C.Boite);
-    EXPECT_TRUE(P->Lecteur.Session_Ouverte()) << "no disconnection";
-    EXPECT_TRUE(FMain().CmdQuitter.Active());
   }
   for (const std::size_t Taille : {1000003U, 2U}) {
-    Preparer(Depuis_200, 0, Taille);
-    P->Pannes_.Avant = [](std::string_view Appel, int) { EXPECT_NE(Appel, "Lire") << "refused before it is read"; };
-    Mettre_A_Jour();
-    EXPECT_EQ(P->Lecteur.Nombre(Cible::Demande), 0);
-    EXPECT_TRUE(P->Pane().ends_with(" 5" + H + "Fermeture du fichier." + H + Fin)) << P->Pane();
+    Preparer(Depuis_200, {{"ER0300.ing", Taille}});
+    EXPECT_EQ(Mettre_A_Jour(),
+              Recit(Connecte + "lecture; " + Confirmer +
+                    "ER0300.ing↓← | question | oui, non]; éveillé; "
+                    "sablier; " +
+                    Jusque(Ouverte, "lit ") + Ligne("La taille du fichier ne peut pas être annoncée au lecteur 5") +
+                    "ferme " + Appli + Fermeture + Fermee + Fin_Et_Fleche));
   }
 }
 
 TEST_F(Mise_A_Jour_Test, Erreurs_De_La_Bibliotheque) {
+  const std::string Lu = Connecte + "lecture; FinExclusivite; ",
+                    Fermer = "FermerSession; TxtDetails + ¶Déconnexion Réussie; ",
+                    Ligne = "TxtDetails + Deconnexion Réussie.→14:30:05¶; TxtDetails peint; ";
+  const struct {
+    int Premier, Dernier;  // calls that fail
+    std::string Faits;
+  } Cas[] = {{1, 1, Debut + "OuvrirSession; "}, {3, 3, Lu + Fermer + Ligne}, {3, 9, Lu + Ligne}};
   for (const auto& [Numero, Boite] : {std::pair{48, Installation}, {53, Service}, {453, Service}}) {
-    for (const int Appel : {1, 3}) {  // session opening, configuration read
-      SCOPED_TRACE(Numero * 10 + Appel);
-      const Erreur Panne(Numero, "Panne");
+    for (const auto& C : Cas) {
+      SCOPED_TRACE(Numero * 10 + C.Premier);
       Preparer(Avant_200);
-      P->Lecteur.Avant_Appel = [&](Cible, int Rang) {
-        if (Rang == Appel) throw Panne;
+      int Appels = 0;
+      P->Pannes_.Avant = [&, Quoi = Numero](std::string_view Appel, int) {
+        if (Appel == "Galss" && ++Appels >= C.Premier && Appels <= C.Dernier) throw Erreur(Quoi, "Panne");
       };
-      Mettre_A_Jour();
-      EXPECT_EQ(P->Ecran.Boites, std::vector{Boite});
-      EXPECT_EQ(P->Pane(), Appel == 1 ? Debut : Connecte + "\r\nDéconnexion RéussieDeconnexion Réussie." + H);
-      EXPECT_TRUE(FMain().CmdQuitter.Active());
-      EXPECT_FALSE(P->Lecteur.Session_Ouverte());
+      EXPECT_EQ(Mettre_A_Jour(), Recit(C.Faits + Boite + "CmdQuitter actif; "));
     }
   }
 }

@@ -37,58 +37,101 @@ TEST(Cp1252, Chaque_Octet_Fait_L_Aller_Retour) {
   EXPECT_EQ(Cp1252_De_Texte("é漢"), (Octets{0xE9, '?'}));
 }
 
-// Every text stands in the operator's guide too, where a check of its own compares them all.
-TEST(Codes, Messages_Composes) {
-  const auto Galss = [](int Code, std::string Message = "avant") {
+/// Every code that one of the routines has a text for, of those that it can be given.
+template <class Routine>
+std::string Codes(int Premier, int Dernier, const std::string& Sans_Texte, Routine Composer) {
+  std::string Tous;
+  for (int Code = Premier; Code <= Dernier; ++Code) {
+    const std::string Message = Composer(Code);
+    if (!Message.ends_with(Sans_Texte)) Tous += Message + "\n";
+  }
+  return Tous;
+}
+
+TEST(Codes, Chacun_A_Son_Texte) {
+  const auto Galss = [](int Code) {
+    std::string Message = "avant";
     Erreur_Galss("POSE D'UNE EXCLUSIVITE", static_cast<std::int16_t>(Code), Message);
     return Message;
   };
-  EXPECT_EQ(Galss(-1), "Erreur GALSS -1 : Longueur de message reçue incorrecte");
-  EXPECT_EQ(Galss(256), "Erreur GALSS 256 : Temps alloué pour l'application insuffisantepour cette commande");
-  EXPECT_EQ(Galss(0x8004 - 0x10000), "Erreur GALSS -32764 : Pas de numéro de session disponible");
-  EXPECT_EQ(Galss(0x8008 - 0x10000), "Erreur GALSS -32760 : Ressource non accessible");
-  EXPECT_EQ(Galss(1024),
-            "Erreur GALSS 1024 : Pas de réponse du matériel, vérifez :\r\nla connexion entre le PC et le lecteur\r\n "
-            "que le lecteur est en attente d'un ordre\r\nla configuration de la liaison série(Port COM, vitesse, ...)");
-  EXPECT_EQ(Galss(8192), "Erreur GALSS 8192 : avant");
-  EXPECT_EQ(Galss(8196), "Erreur GALSS 8196 : LAD non définie dans le fichier de configuration");
-  EXPECT_EQ(Galss(8192, ""), "Erreur GALSS 8192 : ");
-
-  std::string Message = "avant";
-  Erreur_Telechargement("", 7, Message);
-  EXPECT_EQ(Message, "Erreur de Téléchargement 7:avant");
-  Erreur_Telechargement("", 53, Message);
-  EXPECT_EQ(Message, "Erreur de Téléchargement 53:Taille de logiciel incorrecte");
-}
-
-TEST(Codes, Etats_Du_Lecteur) {
-  const std::tuple<decltype(&Etat_Final), int, const char*> Cas[] = {
-      {Etat_Final, 0, "Etat Final0 : Fin de dialogue lecteur"},
-      {Etat_Final, 3, "Etat Final3 : Incorrect"},
-      {Etat_Final, 0x91, "Etat Final91 : Refus d'une application"},
-      {Etat_Final, 0x99, "Etat Final99 : Echec message de mise à jour non précédé d'un message de mise à jour"},
-      {Etat_Final, 0x9A, "Etat Final9A : Incorrect"},
-      {Erreur_Technique, 0x80, "Erreur Technique80 : Incorrect"},
-      {Erreur_Technique, 0x81, "Erreur Technique81 : Application inconnue"},
-      {Erreur_Technique, 0x89, "Erreur Technique89 : Abandon suite à un refus d'allongement de temps"},
-      {Erreur_Technique, 0x8A, "Erreur Technique8A : Incorrect"}};
-  for (const auto& [Traduire, Code, Texte] : Cas) {
+  const auto Telechargement = [](int Code) {
     std::string Message = "avant";
-    EXPECT_EQ(Traduire(Octets{0, static_cast<std::uint8_t>(Code)}, Message), Code);
-    EXPECT_EQ(Message, Texte);
-  }
+    Erreur_Telechargement("", static_cast<std::int16_t>(Code), Message);
+    return Message;
+  };
+  const auto Etat = [](auto Traduire) {
+    return [Traduire](int Code) {
+      std::string Message = "avant";
+      EXPECT_EQ(Traduire(Octets{0, static_cast<std::uint8_t>(Code)}, Message), Code);
+      return Message;
+    };
+  };
+  EXPECT_EQ(Galss(8192), "Erreur GALSS 8192 : avant");
+  EXPECT_EQ(Codes(INT16_MIN, INT16_MAX, "avant", Galss),
+            R"(Erreur GALSS -32764 : Pas de numéro de session disponible
+Erreur GALSS -32760 : Ressource non accessible
+Erreur GALSS -1 : Longueur de message reçue incorrecte
+Erreur GALSS 1 : Erreur dans le gestionnaire
+Erreur GALSS 2 : Plus de ressource dans la table des gestionnaires
+Erreur GALSS 4 : LAD pris en exclusivité par une autre application
+Erreur GALSS 8 : Une exclusivité est déjà en cours pour cette application
+Erreur GALSS 16 : Taille du message de réponse trop petite
+Erreur GALSS 64 : Transfert abandonné par le matériel
+Erreur GALSS 128 : Transfert abandonné par le gestionnaire
+Erreur GALSS 256 : Temps alloué pour l'application insuffisantepour cette commande
+Erreur GALSS 512 : Erreur protocole
+)"
+            "Erreur GALSS 1024 : Pas de réponse du matériel, vérifez :\r\nla connexion entre le PC et le lecteur\r\n "
+            "que le lecteur est en attente d'un ordre\r\nla configuration de la liaison série(Port COM, vitesse, ...)"
+            R"(
+Erreur GALSS 2048 : La session est déjà ouverte
+Erreur GALSS 4096 : La session est inconnue
+Erreur GALSS 8196 : LAD non définie dans le fichier de configuration
+Erreur GALSS 16384 : Erreur de parametre
+)");
+  EXPECT_EQ(Telechargement(7), "Erreur de Téléchargement 7:avant");
+  EXPECT_EQ(Codes(0, 255, "avant", Telechargement), R"(Erreur de Téléchargement 50:Problème de chargement
+Erreur de Téléchargement 51:Version logicielle déjà chargée ou incorrecte
+Erreur de Téléchargement 52:Format de logiciel incorrect
+Erreur de Téléchargement 53:Taille de logiciel incorrecte
+)");
+  EXPECT_EQ(Etat(Etat_Final)(0x9A), "Etat Final9A : Incorrect");
+  EXPECT_EQ(Codes(0, 255, "Incorrect", Etat(Etat_Final)), R"(Etat Final0 : Fin de dialogue lecteur
+Etat Final1 : OK
+Etat Final2 : Accord de mise à jour
+Etat Final91 : Refus d'une application
+Etat Final92 : Refus du propriétaire
+Etat Final93 : Refus, version de logicielle incorrecte
+Etat Final94 : Refus de l'application
+Etat Final95 : Refus mémoire insuffisante
+Etat Final96 : Echec authenticité logiciel
+Etat Final97 : Echec intégrité
+Etat Final98 : Echec erreur code position
+Etat Final99 : Echec message de mise à jour non précédé d'un message de mise à jour
+)");
+  EXPECT_EQ(Etat(Erreur_Technique)(0x80), "Erreur Technique80 : Incorrect");
+  EXPECT_EQ(Codes(0, 255, "Incorrect", Etat(Erreur_Technique)), R"(Erreur Technique81 : Application inconnue
+Erreur Technique82 : Time out
+Erreur Technique83 : Problème de mémoire
+Erreur Technique84 : Problème d'installation logiciel
+Erreur Technique85 : Problème coupleur
+Erreur Technique86 : Autre problème
+Erreur Technique87 : service Inconnu
+Erreur Technique88 : Paramètre incorrect
+Erreur Technique89 : Abandon suite à un refus d'allongement de temps
+)");
 }
 
 TEST(Ligne_De_Commande, Un_Port_Ou_Un_Avertissement) {
   const std::pair<std::vector<std::string>, int> Bons[] = {
-      {{}, 1}, {{"/port:COM3"}, 3}, {{"/PORT:com256"}, 256}, {{"/port:COM2", "/port:COM4"}, 4}};
+      {{}, 1}, {{"/port:COM1"}, 1}, {{"/port:COM3"}, 3}, {{"/PORT:com256"}, 256}, {{"/port:COM2", "/port:COM4"}, 4}};
   for (const auto& [Arguments, Port] : Bons) {
     EXPECT_EQ(Lire_Ligne_Commande(Arguments).Port, Port);
     EXPECT_EQ(Lire_Ligne_Commande(Arguments).Avertissement, "");
     EXPECT_EQ(Lire_Ligne_Commande(Arguments).Journal, std::nullopt);
   }
   EXPECT_EQ(Lire_Ligne_Commande({"/JOURNAL", "/port:COM3"}).Journal, "");
-  for (const char* Mauvais : {"/port:COM0", "/port:COM257", "/port:COM", "/port:COM3x", "COM3", "/port:LPT1", "",
+  for (const char* Mauvais : {"/port:COM0", "/port:COM257", "/port:COM", "/port:COM3x", "COM3", "3", "/port:LPT1", "",
                               "/port:COM-1", "/port:COM99999999999", "/journal:", "/journaux", "/journalC:\\J"}) {
     const Ligne_Commande Lue = Lire_Ligne_Commande({"/port:COM5", Mauvais, "/Journal:D:\\é x", "/autre"});
     EXPECT_EQ(Lue.Journal, "D:\\é x");

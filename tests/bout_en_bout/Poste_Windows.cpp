@@ -8,6 +8,7 @@
 #include <algorithm>
 #include <array>
 #include <map>
+#include <sstream>
 
 #include "windows/systeme/Texte_Windows.h"
 
@@ -16,63 +17,37 @@ namespace {
 constexpr UINT Patience_Ms = 300;
 constexpr const wchar_t* Classe_Boite = L"#32770";
 
-/// Identifiers by name, as the windows give them to their controls and menu entries.
+/// Identifiers, each after its name, as the windows give them to their controls and menu entries.
 struct Modele {
   const wchar_t* Titre;
-  std::map<std::string_view, int> Numeros;
+  const char* Numeros;
 };
 
 const std::map<std::string_view, Modele> Modeles = {
     {"FMain",
      {L"Pavorin V3.01 Pour 650 Mono",
-      {{"FrmChooseDirectory", 100},
-       {"TxtChooseDirectory", 101},
-       {"CmdChooseDirectory", 102},
-       {"OptManuel", 201},
-       {"OptAuto", 202},
-       {"CchosseAppli", 204},
-       {"CchooseNoyau", 206},
-       {"lblvers1", 210},
-       {"CmdMaj", 301},
-       {"CmdQuitter", 302},
-       {"FmDetails", 400},
-       {"TxtDetails", 401},
-       {"ImgRed", 403},
-       {"ImgYellow", 404},
-       {"ImgGreen", 405},
-       {"ImgRed2", 407},
-       {"ImgYellow2", 408},
-       {"ImgGreen2", 409},
-       {"LblVit", 411},
-       {"LblPart", 413},
-       {"LblBitDon", 415},
-       {"LblBitStop", 417},
-       {"MnLecteur", 502},
-       {"MnQuitter", 504},
-       {"MnApropos", 511}}}},
-    {"FDossierING", {L"Séléction du répertoire", {{"DirDirectory", 601}, {"CmdOK", 603}, {"CmdAnnul", 604}}}},
-    {"FrmAnimCharg",
-     {L"Pavorin",
-      {{"LblTitre", 701},
-       {"LblBlock", 702},
-       {"LblNumBlock", 703},
-       {"LblNumTaille", 704},
-       {"PgbExe", 705},
-       {"LblCom", 706}}}},
+      "FrmChooseDirectory 100 TxtChooseDirectory 101 CmdChooseDirectory 102 OptManuel 201 OptAuto 202 CchosseAppli 204 "
+      "CchooseNoyau 206 lblvers1 210 CmdMaj 301 CmdQuitter 302 FmDetails 400 TxtDetails 401 ImgRed 403 ImgYellow 404 "
+      "ImgGreen 405 ImgRed2 407 ImgYellow2 408 ImgGreen2 409 LblVit 411 LblPart 413 LblBitDon 415 LblBitStop 417 "
+      "MnLecteur 502 MnQuitter 504 MnApropos 511"}},
+    {"FDossierING", {L"Séléction du répertoire", "DirDirectory 601 CmdOK 603 CmdAnnul 604"}},
+    {"FrmAnimCharg", {L"Pavorin", "LblTitre 701 LblBlock 702 LblNumBlock 703 LblNumTaille 704 PgbExe 705 LblCom 706"}},
     {"FrmResultParam",
      {L"Configuration du lecteur",
-      {{"LblConst", 804},
-       {"LblTypeLec", 806},
-       {"LblNumSerie", 808},
-       {"LblTypeOS", 810},
-       {"LblNameAppli", 812},
-       {"LblNumVersion", 814},
-       {"LblDate", 816},
-       {"LblHeure", 818},
-       {"LblCRC", 820},
-       {"CmdOK", 821}}}},
-    {"frmAbout", {L"  À propos du Pavorin", {{"CmdOK", 909}}}},
+      "LblConst 804 LblTypeLec 806 LblNumSerie 808 LblTypeOS 810 LblNameAppli 812 LblNumVersion 814 LblDate 816 "
+      "LblHeure 818 LblCRC 820 CmdOK 821"}},
+    {"frmAbout", {L"  À propos du Pavorin", "CmdOK 909"}},
 };
+
+/// 0 for a name that the window does not have.
+int Numero_De(const Modele& M, std::string_view Voulu) {
+  std::istringstream Mots(M.Numeros);
+  int Numero = 0;
+  for (std::string Nom; Mots >> Nom >> Numero;) {
+    if (Nom == Voulu) return Numero;
+  }
+  return 0;
+}
 
 std::wstring Titre_De(HWND Fenetre) {
   wchar_t Titre[512];
@@ -245,16 +220,6 @@ DWORD Compter_Poignees(HANDLE Processus, DWORD Numero) {
   return Nombre;
 }
 
-void Toucher(WORD Touche, DWORD Sens) {
-  INPUT Evenement{};
-  Evenement.type = INPUT_KEYBOARD;
-  Evenement.ki.wVk = Touche;
-  Evenement.ki.wScan = static_cast<WORD>(MapVirtualKeyW(Touche, MAPVK_VK_TO_VSC));
-  Evenement.ki.dwFlags = Sens;
-  SendInput(1, &Evenement, sizeof Evenement);
-  Sleep(20);
-}
-
 }  // namespace
 
 bool Objet_Vu::Foyer() const {
@@ -343,16 +308,14 @@ void Objet_Vu::Ouvrir_Ligne(const std::string& Entree) const {
 Objet_Vu Fenetre_Vue::operator[](std::string_view Controle) const {
   for (const auto& [Nom, Modele] : Modeles) {
     if (Modele.Titre != Titre_De(Poignee)) continue;
-    const auto Numero = Modele.Numeros.find(Controle);
-    const HWND Trouve = Numero == Modele.Numeros.end() ? nullptr : GetDlgItem(Poignee, Numero->second);
-    if (Trouve) return {Trouve};
+    if (const HWND Trouve = GetDlgItem(Poignee, Numero_De(Modele, Controle))) return {Trouve};
   }
   throw Pas_Venu("pas de " + std::string(Controle) + " dans " + Texte());
 }
 
 // The entry itself cannot be looked at: another process's menus are its own affair under Wine.
 bool Fenetre_Vue::Menu(std::string_view Entree) const {
-  const int Numero = Modeles.at("FMain").Numeros.at(Entree);
+  const int Numero = Numero_De(Modeles.at("FMain"), Entree);
   return Actif() && PostMessageW(Poignee, WM_COMMAND, static_cast<WPARAM>(Numero), 0);
 }
 
@@ -430,6 +393,16 @@ Consommation Mesurer(HANDLE Processus) {
 void Preparer_Session() {
   SetConsoleOutputCP(CP_UTF8);
   SetProcessDPIAware();
+}
+
+void Toucher(WORD Touche, DWORD Sens) {
+  INPUT Evenement{};
+  Evenement.type = INPUT_KEYBOARD;
+  Evenement.ki.wVk = Touche;
+  Evenement.ki.wScan = static_cast<WORD>(MapVirtualKeyW(Touche, MAPVK_VK_TO_VSC));
+  Evenement.ki.dwFlags = Sens;
+  SendInput(1, &Evenement, sizeof Evenement);
+  Sleep(20);
 }
 
 // A hand waits for what it sees: keys come to a program that has dealt with what came before.

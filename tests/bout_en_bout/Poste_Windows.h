@@ -109,6 +109,8 @@ class Programme_Lance {
 /// Output in UTF-8, places in real pixels. Before anything else.
 void Preparer_Session();
 
+/// Presses a real key, or releases it (KEYEVENTF_KEYUP).
+void Toucher(WORD Touche, DWORD Sens);
 /// A real key with those held down before it, into the window in front.
 void Taper(std::initializer_list<WORD> Touches);
 void Cliquer_Souris(POINT Ecran);

@@ -38,16 +38,6 @@ TEST_F(Chargement, Automatique_650) {
   Juger({Petits.at(Noyau), Petits.at(Appli)});
 }
 
-TEST_F(Chargement, Automatique_Bifente_Sans_Les_Trois_Derniers_Octets) {
-  Lancer({.Scenario = "bifente-depuis-200", .Logiciels = Grands});
-  Mettre_A_Jour(Noyau + "\n\r" + Appli + "\n\r");
-  Attendre_Volet("Arrêt du Galss\n", 90);
-  const std::string Chacun = "Ouverture du fichier. \n" + Un_Fichier;
-  EXPECT_EQ(Volet(), Connecte + Chacun + Chacun + "Arrêt du Galss\n");
-  const std::string &N = Grands.at(Noyau), &A = Grands.at(Appli);
-  Juger({N.substr(0, N.size() - 3), A.substr(0, A.size() - 3)});
-}
-
 TEST_F(Chargement, Manuel_Depuis_Un_Long_Chemin_Accentue) {
   std::vector<std::string> Noms = {"Données de l'été"};
   for (const char N : {'1', '2', '3', '4', '5'})

@@ -38,6 +38,7 @@ struct Serie : Cas {
       Repondre("Attention", "! OK : Attention vous etes en 19200 Bauds!!");
     }
     const Fenetre_Vue Configuration = Fenetre("FrmResultParam");
+    Attendre("fiche", [&] { return Configuration["LblConst"].Texte() != "?"; });  // still opening, on a busy PC
     std::string Fiche;
     for (const char* Nom : {"LblConst", "LblTypeLec", "LblNumSerie", "LblTypeOS", "LblNameAppli", "LblNumVersion",
                             "LblDate", "LblHeure", "LblCRC"})
@@ -101,12 +102,8 @@ TEST_F(Serie, Echecs_Puis_Reponse) {
     const char *Scenario, *Volet_Voulu;
   };
   for (const auto& [Scenario, Volet_Voulu] : std::initializer_list<Echec>{{"debranche_apres = 0", "Erreur n° : 80"},
-                                                                          {"date = 20051313", "Erreur n° : 5\n"},
                                                                           {"date = 2005AB13", "Erreur n° : 13\n"},
-                                                                          {"longueur_config = 122", "F2E0"},
                                                                           {"longueur_config = 124", "F2E0"},
-                                                                          {"constructeur = AUTRE", "F2E0"},
-                                                                          {"silence = config", "F2E0"},
                                                                           {"bruit_avant = 55", "55F2E0"},
                                                                           {"debranche_apres = 2", "Erreur n° : "}}) {
     Etape = Scenario;
@@ -130,12 +127,6 @@ TEST_F(Serie, Operateur_Pendant_L_Attente) {
     Bouton ? void(FMain["CmdQuitter"].Cliquer()) : FMain.Fermer();
     EXPECT_EQ(Attendre_Fin(), 0U);
   }
-}
-
-TEST_F(Serie, Ligne_De_Commande_Refusee_Puis_COM1) {
-  Relancer("/port:9");
-  Boite("Pavorin").Repondre();
-  Reussir();
 }
 
 }  // namespace

@@ -30,7 +30,7 @@ rem The program's own starts keep a journal each there.
 set "PAVORIN_JOURNAUX=%resultats%\journaux"
 set /a passes=0, echecs=0, sautes=0
 call :serie plateforme_windows_test.exe *
-call :serie fenetres_windows_test.exe *
+call :serie fenetres_windows_test.exe "%filtre%"
 call :serie bout_en_bout_test.exe "%filtre%"
 del "%sortie%" "%liste%"
 set "bilan=%passes% passed, %echecs% failed"
