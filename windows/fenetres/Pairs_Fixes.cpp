@@ -6,6 +6,7 @@
 #include <commctrl.h>
 
 #include <algorithm>
+#include <chrono>
 #include <cmath>
 #include <utility>
 
@@ -27,7 +28,8 @@ class Pair_Cadre : public Pair_Natif {
 
 // What changes at every block of a file, which may take less than its painting: it is shown 25
 // times a second. Whoever looks for long, or waits longer for an answer, finds the state up to
-// date.
+// date. A change is told to the system at once and painted when the program asks for it: first the
+// window server answers for all that changed, then all is painted.
 class Pair_Vif : public Pair_Natif {
  public:
   using Pair_Natif::Pair_Natif;
@@ -39,15 +41,19 @@ class Pair_Vif : public Pair_Natif {
   bool Trop_Tot();
   // What Trop_Tot left for later.
   virtual void Montrer_Dernier_Etat() = 0;
-  // It is shown, and the program itself asks for its painting.
-  bool Se_Voit() const;
-  // Where it paints on Dc_Vif.
+  // Whether a change can be painted by Tracer; it will be.
+  bool A_Tracer();
+  // Paints on Dc_Vif, at Place_Vive, what changed.
+  virtual void Tracer() = 0;
   RECT Place_Vive() const;
 
  private:
-  std::optional<DWORD> Vu_;  // tick of the last change shown
-  bool Vif_ = false;         // the program itself asks for its painting
+  using Horloge = std::chrono::steady_clock;  // ticks are too coarse for every block of 40 ms
+
+  std::optional<Horloge::time_point> Vu_;  // when the last change was shown
+  bool Vif_ = false;                       // the program itself asks for its painting
   bool En_Retard_ = false;
+  bool A_Tracer_ = false;
 };
 
 class Pair_Etiquette : public Pair_Vif {
@@ -57,14 +63,14 @@ class Pair_Etiquette : public Pair_Vif {
  protected:
   RECT Place_Native() const override;
   void Actualiser_Texte() override;
-  LRESULT Recevoir(UINT Message, WPARAM W, LPARAM L) override;
+  void Poser_Texte(const std::wstring& Texte) override;
   void Montrer_Dernier_Etat() override { Actualiser_Texte(); }
+  void Tracer() override;
   SIZE Place_Texte() const override;
 
  private:
   // At most, and from the left.
   bool Une_Ligne() const;
-  void Peindre(std::wstring_view Texte);
 };
 
 class Pair_Image : public Pair_Natif {
@@ -103,6 +109,7 @@ class Pair_Barre : public Pair_Vif {
   LRESULT Recevoir(UINT Message, WPARAM W, LPARAM L) override;
   void Actualiser_Texte() override {}
   void Montrer_Dernier_Etat() override { Actualiser_Valeur(); }
+  void Tracer() override;
 
  private:
   float Valeur() const;
@@ -144,28 +151,33 @@ SIZE Pair_Cadre::Place_Texte() const {
 
 void Pair_Vif::Repeindre() {
   Vif_ = true;
-  Pair_Natif::Repeindre();
+  if (!std::exchange(A_Tracer_, false)) return Pair_Natif::Repeindre();
+  Tracer();
+  // The system gathers what is drawn until it is asked for something else.
+  GdiFlush();
 }
 
 bool Pair_Vif::Trop_Tot() {
-  constexpr DWORD Entre_Deux_Ms = 40;
+  constexpr std::chrono::milliseconds Entre_Deux{40};
   if (!Vif_) return false;
-  const DWORD Maintenant = GetTickCount();
-  En_Retard_ = Vu_ && Maintenant - *Vu_ < Entre_Deux_Ms;
+  const auto Maintenant = Horloge::now();
+  En_Retard_ = Vu_ && Maintenant - *Vu_ < Entre_Deux;
   if (!En_Retard_) Vu_ = Maintenant;
   return En_Retard_;
 }
 
 void Pair_Vif::Rattraper() {
   Vu_.reset();
-  if (!std::exchange(En_Retard_, false) || Poignee() == nullptr) return;
-  Montrer_Dernier_Etat();
-  Repeindre();
+  if (Poignee() == nullptr) return;
+  const bool En_Retard = std::exchange(En_Retard_, false);
+  if (En_Retard) Montrer_Dernier_Etat();
+  if (En_Retard || A_Tracer_) Repeindre();
   Vu_.reset();
 }
 
-bool Pair_Vif::Se_Voit() const {
-  return Vif_ && (GetWindowLongW(Poignee(), GWL_STYLE) & WS_VISIBLE) != 0;
+bool Pair_Vif::A_Tracer() {
+  A_Tracer_ = Vif_ && (GetWindowLongW(Poignee(), GWL_STYLE) & WS_VISIBLE) != 0;
+  return A_Tracer_;
 }
 
 RECT Pair_Vif::Place_Vive() const {
@@ -200,23 +212,19 @@ void Pair_Etiquette::Actualiser_Texte() {
 // A native label that is given a text asks its window for colours, takes a device context and gives
 // it back. A fast one keeps the text, for whoever reads or uncovers it, and is painted in one
 // stroke: nothing flickers.
-LRESULT Pair_Etiquette::Recevoir(UINT Message, WPARAM W, LPARAM L) {
-  if (Message != WM_SETTEXT || !Une_Ligne() || !Se_Voit()) {
-    return Pair_Natif::Recevoir(Message, W, L);
-  }
-  const LRESULT Gardee = DefWindowProcW(Poignee(), Message, W, L);
-  Peindre(reinterpret_cast<const wchar_t*>(L));
-  return Gardee;
+void Pair_Etiquette::Poser_Texte(const std::wstring& Texte) {
+  if (!Une_Ligne() || !A_Tracer()) return Pair_Natif::Poser_Texte(Texte);
+  DefWindowProcW(Poignee(), WM_SETTEXT, 0, reinterpret_cast<LPARAM>(Texte.c_str()));
 }
 
-void Pair_Etiquette::Peindre(std::wstring_view Texte) {
+void Pair_Etiquette::Tracer() {
   const HDC Dc = Lieu_.Dc_Vif();
   const RECT Ici = Place_Vive();
   // Left there for the next block: a font that is selected anew is looked for anew.
   if (GetCurrentObject(Dc, OBJ_FONT) != Police()) SelectObject(Dc, Police());
   Colorer(Dc);
-  ExtTextOutW(Dc, Ici.left, Ici.top, ETO_OPAQUE | ETO_CLIPPED, &Ici, Texte.data(),
-              static_cast<UINT>(Texte.size()), nullptr);
+  ExtTextOutW(Dc, Ici.left, Ici.top, ETO_OPAQUE | ETO_CLIPPED, &Ici, Texte_Montre().data(),
+              static_cast<UINT>(Texte_Montre().size()), nullptr);
 }
 
 SIZE Pair_Etiquette::Place_Texte() const {
@@ -302,22 +310,22 @@ int Pair_Barre::Rempli() const {
   return static_cast<int>(std::lround(Valeur() / 100 * static_cast<float>(Dedans)));
 }
 
-// A block of a large file moves the bar by less than a pixel; nothing but what moved is painted.
+// A block of a large file moves the bar by less than a pixel.
 void Pair_Barre::Actualiser_Valeur() {
-  if (Trop_Tot()) return;
-  const int Nouveau = Rempli(), Avant = std::exchange(Rempli_, Nouveau);
-  if (Avant == Nouveau) return;
-  if (Se_Voit()) {
-    RECT Ecart = Place_Vive();
-    InflateRect(&Ecart, -Bordure, -Bordure);
-    Ecart.right = Ecart.left + std::max(Avant, Nouveau);
-    Ecart.left += std::min(Avant, Nouveau);
-    SetBkColor(Lieu_.Dc_Vif(), GetSysColor(Nouveau > Avant ? COLOR_HIGHLIGHT : COLOR_WINDOW));
-    ExtTextOutW(Lieu_.Dc_Vif(), 0, 0, ETO_OPAQUE, &Ecart, nullptr, 0, nullptr);
-  } else {
-    Invalider();
-  }
+  if (Trop_Tot() || Rempli() == Rempli_) return;
+  if (!A_Tracer()) Invalider();
   NotifyWinEvent(EVENT_OBJECT_VALUECHANGE, Poignee(), OBJID_CLIENT, CHILDID_SELF);
+}
+
+// Nothing but what moved.
+void Pair_Barre::Tracer() {
+  const int Nouveau = Rempli(), Avant = std::exchange(Rempli_, Nouveau);
+  RECT Ecart = Place_Vive();
+  InflateRect(&Ecart, -Bordure, -Bordure);
+  Ecart.right = Ecart.left + std::max(Avant, Nouveau);
+  Ecart.left += std::min(Avant, Nouveau);
+  SetBkColor(Lieu_.Dc_Vif(), GetSysColor(Nouveau > Avant ? COLOR_HIGHLIGHT : COLOR_WINDOW));
+  ExtTextOutW(Lieu_.Dc_Vif(), 0, 0, ETO_OPAQUE, &Ecart, nullptr, 0, nullptr);
 }
 
 LRESULT Pair_Barre::Recevoir(UINT Message, WPARAM W, LPARAM L) {
