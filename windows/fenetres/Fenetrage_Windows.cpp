@@ -237,7 +237,9 @@ void Fenetrage_Windows::Traiter_Evenements(std::chrono::milliseconds Attente) {
   const Niveau Boucle(Profondeur_);
   Rattraper();
   // Does not wait while there is something in the queue, new or not.
-  MsgWaitForMultipleObjectsEx(0, nullptr, Duree(Attente), QS_ALLINPUT, MWMO_INPUTAVAILABLE);
+  const DWORD Fin =
+      MsgWaitForMultipleObjectsEx(0, nullptr, Duree(Attente), QS_ALLINPUT, MWMO_INPUTAVAILABLE);
+  if (Fin == WAIT_TIMEOUT) return;
   for (MSG Message{}; PeekMessageW(&Message, nullptr, 0, 0, PM_REMOVE);) {
     if (Message.message == WM_QUIT) Quitter();
     Distribuer(Message);
