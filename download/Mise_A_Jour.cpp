@@ -47,7 +47,7 @@ constexpr std::int32_t Donnees_Par_Bloc(std::int32_t Taille_Bloc) {
 
 struct Mise_A_Jour::Transfert {
   const Variante_Transfert& Variante;
-  std::int64_t Taille_Fichier = {};
+  std::int64_t Taille_Fichier = 0;
   std::unique_ptr<Fichier_Ouvert> Fichier = {};
   bool Fichier_Ouvert_Une_Fois = false;
   Octets Donnees = {};  // what is declared to the reader and sent

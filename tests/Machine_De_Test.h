@@ -51,8 +51,13 @@ struct Ecran_De_Test : Fenetrage {
 
   /// From now on the windows have witnesses.
   void Regarder(Fenetres& F) {
-    for (const Ligne_Disposition& L : Disposition(F)) Controles_.try_emplace(&L.C, Pannes_.Faits, L);
     for (const auto& [Une, Nom] : Fenetres_Nommees(F)) {
+      auto Ligne = Lignes_Disposition(Nom).begin();
+      for (Controle* Un : Une->Controles()) {
+        const std::string Le_Nom = Ligne->substr(0, Ligne->find(' '));
+        Controles_.try_emplace(Un, Pannes_.Faits, Le_Nom, *Un);
+        ++Ligne;
+      }
       Fenetres_.try_emplace(Une, Pannes_.Faits, Controles_, Nom, *Une);
     }
   }
@@ -157,7 +162,6 @@ struct Disque_De_Test : Systeme_Fichiers {
   std::unique_ptr<Fichier_Ouvert> Ouvrir(std::string_view Chemin) override {
     Pannes_.Passer("Ouvrir_Fichier");
     Trouver(Chemin);
-    Ouvertures.emplace_back(Chemin);
     return std::make_unique<Lecteur_Fichier>(*this, std::string(Chemin));
   }
   std::vector<std::string> Lecteurs() override {
@@ -187,7 +191,6 @@ struct Disque_De_Test : Systeme_Fichiers {
   Pannes& Pannes_;
   std::vector<std::string> Ordre;
   std::map<std::string, Octets, std::less<>> Fichiers;
-  std::vector<std::string> Ouvertures;  // paths, in order
   std::int64_t Derniere_Taille = 0;
   int Ouverts = 0;
 };
@@ -237,7 +240,6 @@ struct Port_De_Test : Port_Serie {
   void Regler(std::string_view R) override {
     Pannes_.Passer("Regler");
     Reglages_ = R;
-    Conversation.push_back("= " + Reglages_);
     Pannes_.Faits.Noter("port " + Reglages_);
   }
   std::string Reglages() const override { return Reglages_; }
@@ -256,7 +258,6 @@ struct Port_De_Test : Port_Serie {
     Exiger_Ouvert("Ecrire_Port");
     std::string Trame = ">";
     for (const auto Octet : Donnees) Trame += " " + Hexadecimal(Octet);
-    Conversation.push_back(Trame);
     Pannes_.Faits.Noter(Trame);
     if (Repondre) Repondre(Donnees, Reglages_);
   }
@@ -294,7 +295,6 @@ struct Port_De_Test : Port_Serie {
   Horloge_De_Test& Temps;
   Pannes& Pannes_;
   std::function<void(Vue_Octets Trame, const std::string& Reglages)> Repondre;
-  std::vector<std::string> Conversation;
   std::deque<std::pair<double, Octets>> Arrivees;
   Octets Tampon_;
   std::string Reglages_;
@@ -323,14 +323,16 @@ struct Galss_De_Test : Galss_Simulee {
 struct Poste_De_Test {
   explicit Poste_De_Test(std::string_view Texte_Scenario = "", const Lecture_Fichier& Lire = {})
       : Lecteur(Scenario_De(Texte_Scenario, Lire)) {
-    Ecran.Regarder(App.F);
     Lecteur.Avant_Appel = [this](Cible Operation, int) {
       if (Operation != Cible::Echange)
         Pannes_.Faits.Noter(std::string(Noms_Cibles.at(static_cast<std::size_t>(Operation))));
       Pannes_.Passer("Galss");
     };
   }
-  void Demarrer() { App.Form_Load(); }
+  void Demarrer() {
+    if (!Pannes_.Faits.Muette) Ecran.Regarder(App.F);
+    App.Form_Load();
+  }
   std::string Pane() const { return App.F.FMain.TxtDetails.Texte(); }
   /// What happened since the last call.
   std::string Faits() {

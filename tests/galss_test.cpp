@@ -1,5 +1,5 @@
-// Session, exchange contract, configuration read, frames: what goes to the library byte for byte,
-// and what each answer becomes.
+// Session, exchanges, configuration: what becomes of each answer of the library. The simulated reader judges
+// what goes to it.
 
 #include <gtest/gtest.h>
 
@@ -7,149 +7,175 @@
 #include "galss/Config_Lecteur.h"
 #include "galss/End_Process_Galls.h"
 #include "galss/Lecture_Config.h"
+#include "simulator/Lecture_Texte.h"
 #include "tests/Machine_De_Test.h"
 
 namespace {
 
-/// A library that answers what the test dictates, call by call, then success.
-struct Galss_Dictee : Bibliotheque_Galss {
-  struct Dictee {
-    int Code = 0;
-    Octets Donnees = {};  // of the reply; or written over each name lent
-    int Longueur = -2;    // announced; -2: that of Donnees
-  };
-  using Suite = std::deque<Dictee>;
-  std::int16_t OuvrirSession(Octets& Application, Octets& LAD, std::int16_t& Session, std::int16_t&) override {
-    Session = Numero;
-    return Noter("ouvrir ", {&Application, &LAD});
-  }
-  std::int16_t DebutExclusivite(Octets& Texte, Octets& Application, Octets& LAD, std::int16_t& Exclusivite) override {
-    Exclusivite = 9;
-    return Noter("exclusivité ", {&Texte, &Application, &LAD});
-  }
-  std::int16_t Echange(std::int16_t, std::int16_t, Octets& Commande, std::int32_t& Longueur, Octets& Reponse,
-                       std::int32_t& Recus) override {
-    const auto Bornee = [](std::int64_t L, const Octets& T) {
-      return static_cast<std::int32_t>(std::clamp<std::int64_t>(L, 0, std::ssize(T)));
-    };
-    const bool Seconde = std::exchange(Apres_64, false);
-    if (Seconde) {
-      EXPECT_EQ(std::tie(Commande, Longueur, Reponse, Recus), Laisses) << "as the first call left them, bounded";
-    }
-    Commandes.push_back(Commande);
-    const Dictee D = Prochaine();
-    std::copy_n(D.Donnees.begin(), std::min(D.Donnees.size(), Reponse.size()), Reponse.begin());
-    Recus = D.Longueur == -2 ? static_cast<int>(D.Donnees.size()) : D.Longueur;
-    if ((Apres_64 = D.Code == 64 && !Seconde)) {
-      Commande.back() = 0xEE;
-      Longueur = Recus;
-      Laisses = {Commande, Bornee(Longueur, Commande), Reponse, Bornee(Recus, Reponse)};
-    }
-    return static_cast<std::int16_t>(D.Code);
-  }
-  std::int16_t FinExclusivite(std::int16_t Exclusivite) override { return Noter("fin " + std::to_string(Exclusivite)); }
-  std::int16_t FermerSession(std::int16_t Session, std::int16_t& Exclusivite) override {
-    return Noter("fermer " + std::to_string(Session) + " " + std::to_string(Exclusivite));
-  }
-  std::int16_t Noter(std::string Appel, const std::vector<Octets*>& Noms = {}) {
-    const Dictee D = Prochaine();
-    for (Octets* Nom : Noms) {
-      Appel += (Nom == Noms.front() ? "" : " ") + Texte_De_Cp1252(*Nom);
-      std::copy_n(D.Donnees.begin(), std::min(D.Donnees.size(), Nom->size()), Nom->begin());
-    }
-    Conversation += Appel + "; ";
-    return static_cast<std::int16_t>(D.Code);
-  }
-  Dictee Prochaine() {
-    if (Reponses.empty()) return {};
-    const Dictee D = Reponses.front();
-    Reponses.pop_front();
-    return D;
-  }
-  std::int16_t Numero = 3;
-  Suite Reponses;
-  std::string Conversation;
-  std::vector<Octets> Commandes;
-  bool Apres_64 = false;
-  std::tuple<Octets, std::int32_t, Octets, std::int32_t> Laisses;
-};
-
-const std::string Exclusif = "LAD pris en exclusivité par une autre application";
 const std::string Inconnue = "Erreur GALSS 4096 : La session est inconnue";
+const std::vector<std::string> Sans_Faute;
 
-struct Galss_Test : testing::Test, Poste_De_Test {
-  void Dicter(const Galss_Dictee::Suite& Reponses) {
-    Dictee.Reponses = Reponses;
-    Dictee.Conversation.clear();
-    Dictee.Commandes.clear();
-    TxtDetails.Texte("pane");
-    Message = "avant";
+/// The operations, one by one, on the reader of a scenario.
+struct Operations : Poste_De_Test {
+  explicit Operations(const std::string& Scenario) : Poste_De_Test(Scenario) { TxtDetails.Texte("pane"); }
+  /// L reads the configuration; D requests a load, B loads its one block; d and b by the second family.
+  int Faire(char Quoi) {
+    const Octets Donnees = {'a', 0, 'c'};
+    switch (Quoi) {
+      case 'L':
+        return Lecture_Config_Lecteur(Liaison, Configuration, Message);
+      case 'D':
+        return Demande_Telechargement(Liaison, "0000", 3, Taille, Message);
+      case 'd':
+        return Demande_Chargement(Liaison, "0000", 3, Taille, Message);
+      case 'B':
+        return Bloc_Telechargement(Liaison, {true, true}, Donnees, Message);
+      default:
+        return Bloc_Chargement(Liaison, {true, true}, Donnees, Message);
+    }
   }
-  Galss_Dictee Dictee;
   Session_Galss Etat;
   Champ_Texte& TxtDetails = App.F.FMain.TxtDetails;
-  Connect_Deconnect Connexions{Dictee, Etat, TxtDetails};
-  Liaison_Galss Liaison{Dictee, Etat};
-  std::string Message;
+  Connect_Deconnect Connexions{Galss, Etat, TxtDetails};
+  Liaison_Galss Liaison{Galss, Etat};
+  Octets Configuration;
+  std::int32_t Taille = -7;
+  std::string Message = "avant";
 };
 
-TEST_F(Galss_Test, Connexion) {
-  const std::string T = "Téléchargement ", Une = "ouvrir " + T + "Log_SV; ", Deux = Une + "ouvrir " + T + "LOG_SV; ",
-                    Trois = Deux + "ouvrir " + T + "log_SV; ", Reussie = "Connexion Réussie.";
+TEST(Galss, Connexion_Et_Deconnexion) {
+  const std::string Exclusif = "Erreur GALSS 4 : LAD pris en exclusivité par une autre application";
+  const std::string Reussie = "Connexion Réussie.", Finie = "Déconnexion Réussie";
   const struct {
-    Galss_Dictee::Suite Codes;
-    int Session, Resultat;
-    std::string Conversation, Message;
-  } Cas[] = {{{}, 3, 0, Une + "exclusivité 3:1 " + T + "Log_SV; ", Reussie},
-             {{{8192}}, -5, 0, Deux + "exclusivité -5:1 " + T + "LOG_SV; ", Reussie},
-             {{{8192}, {8192}}, 3, 0, Trois + "exclusivité 3:1 " + T + "log_SV; ", Reussie},
-             {{{8192}, {8192}, {8192}}, 3, 8192, Trois, "Erreur GALSS 8192 : avant"},
-             {{{8192}, {4096}}, 3, 4096, Deux, Inconnue},
-             {{{4096}}, 3, 4096, Une, Inconnue},
-             {{{0}, {4}}, 12, 4, Une + "exclusivité 12:1 " + T + "Log_SV; ", "Erreur GALSS 4 : " + Exclusif},
-             // The library writes over the names: only the LAD is spelled anew.
-             {{{8192, {'A', 0xC9}}, {0, {'B'}}, {0, {'C'}}},
-              3,
-              0,
-              Une + "ouvrir AÉléchargement LOG_SV; exclusivité 3:1 BÉléchargement BOG_SV; ",
-              Reussie},
-             {{}, 3, 0, Une + "exclusivité 3:1 " + T + "Log_SV; ", Reussie}};
+    std::string Scenario;
+    int Connexion;
+    std::string Message;
+    int Deconnexion;
+    std::string Fin;
+  } Cas[] = {
+      {"", 0, Reussie, 0, Finie},
+      {"lad = LOG_SV; session = -5", 0, Reussie, 0, Finie},
+      {"lad = log_SV; session = 12", 0, Reussie, 0, Finie},
+      {"lad = autre", 8192, "Erreur GALSS 8192 : avant", 0, ""},
+      {"defaut = OuvrirSession : code 8192; defaut = OuvrirSession 2 : code 4096", 4096, Inconnue, 0, ""},
+      {"defaut = OuvrirSession : code 4096", 4096, Inconnue, 0, ""},
+      {"defaut = DebutExclusivite : code 4", 4, Exclusif, 0, ""},
+      // The library writes over the names: only the LAD is spelled anew.
+      {R"(lad = LOG_SV; defaut = OuvrirSession : code 8192 noms A\xC9; defaut = DebutExclusivite : noms C)", 0, Reussie,
+       0, Finie},
+      {"defaut = FinExclusivite : code 4", 0, Reussie, 0, Finie},
+      {"defaut = FinExclusivite : code 4; defaut = FermerSession : code 8192", 0, Reussie, 8192,
+       "Erreur GALSS 8192 : " + Exclusif},
+      {"defaut = FermerSession : code 8192", 0, Reussie, 8192, "Erreur GALSS 8192 : avant"},
+      {"defaut = FermerSession : code 4096", 0, Reussie, 4096, Inconnue},
+  };
   for (const auto& C : Cas) {
-    Dicter(C.Codes);
-    Dictee.Numero = static_cast<std::int16_t>(C.Session);
-    EXPECT_EQ(Connexions.Connexion(Message), C.Resultat);
-    EXPECT_EQ(Dictee.Conversation, C.Conversation);
-    EXPECT_EQ(Message, C.Message);
-    EXPECT_EQ(Pane(), "pane" + C.Message + "\r\n");
-    EXPECT_EQ(Etat.Code_Retour, C.Resultat);
+    SCOPED_TRACE(C.Scenario);
+    Operations P(C.Scenario);
+    EXPECT_EQ(P.Connexions.Connexion(P.Message), C.Connexion);
+    EXPECT_EQ(P.Message, C.Message);
+    EXPECT_EQ(P.Pane(), "pane" + C.Message + "\r\n");
+    EXPECT_EQ(P.Etat.Code_Retour, C.Connexion);
+    if (C.Connexion == 0) {
+      P.TxtDetails.Texte("pane");
+      P.Message = "avant";
+      P.Connexions.Deconnexion(P.Message);
+      EXPECT_EQ(P.Message, C.Fin);
+      EXPECT_EQ(P.Pane(), C.Deconnexion == 0 ? "pane\r\n" + Finie : "pane");
+      EXPECT_EQ(P.Etat.Code_Retour, C.Deconnexion);
+    }
+    EXPECT_EQ(P.Lecteur.Fautes(), Sans_Faute);
   }
 }
 
-TEST_F(Galss_Test, Deconnexion) {
-  const std::string Reussie = "Déconnexion Réussie";
+TEST(Galss, Chaque_Reponse) {
+  const std::string Galss_1 = "Erreur GALSS -1 : Longueur de message reçue incorrecte";
+  const std::string Galss_64 = "Erreur GALSS 64 : Transfert abandonné par le matériel", T = "Erreur de Téléchargement ";
+  const std::string Accord = "Etat Final2 : Accord de mise à jour";
   const struct {
-    Galss_Dictee::Suite Codes;
-    int Resultat;
-    std::string Message, Pane;
-  } Cas[] = {{{}, 0, Reussie, "pane\r\n" + Reussie},
-             {{{4}, {0}}, 0, Reussie, "pane\r\n" + Reussie},
-             {{{4}, {8192}}, 8192, "Erreur GALSS 8192 : Erreur GALSS 4 : " + Exclusif, "pane"},
-             {{{4}, {4096}}, 4096, Inconnue, "pane"},
-             {{{0}, {8192}}, 8192, "Erreur GALSS 8192 : avant", "pane"}};
-  Etat.Num_Session = 3;
-  Etat.Num_Exclusivite = 9;
+    char Quoi;
+    std::string Reponses;  // call by call
+    int Statut, Taille;
+    std::string Message;
+  } Cas[] = {
+      {'L', "code 0", 0, -7, "avant"},
+      {'L', "code 64 / code 0", 0, -7, "avant"},
+      {'L', "code 64 / code 64", 64, -7, Galss_64},
+      {'L', "octets 00 34", 52, -7, T + "52:Format de logiciel incorrect"},
+      {'L', "octets 00 00", 0, -7, T + "0:avant"},
+      {'L', "longueur 1 octets 00 34", 0, -7, "avant"},
+      {'L', "longueur 3 octets 00 34", 0, -7, "avant"},
+      {'L', "longueur 50", 0, -7, "avant"},
+      {'L', "vide longueur 99999", 0, -7, "avant"},
+      {'L', "code 64 longueur 99999 / vide longueur -7", 0, -7, "avant"},
+      {'L', "code 64 longueur -7 / code 0", 16, -7, "Erreur GALSS 16 : Taille du message de réponse trop petite"},
+      {'D', "octets 07 07 04", 0, 4096, "avant"},
+      {'D', "octets 09 33", 51, -7, T + "51:Version logicielle déjà chargée ou incorrecte"},
+      {'D', "octets 09 00", 0, -7, T + "0:avant"},
+      {'D', "code 1024 longueur 0", -1, -7, Galss_1},
+      {'D', "code 512 longueur 3", 512, -7, "Erreur GALSS 512 : Erreur protocole"},
+      {'D', "longueur 4", -1, -7, Galss_1},
+      {'D', "longueur 99999", -1, -7, Galss_1},
+      {'D', "longueur -3", -1, -7, Galss_1},
+      {'D', "code 64 octets 01 02 09 / octets 01 02 04", 0, 4096, "avant"},
+      {'D', "code 64 / code 64", 64, -7, Galss_64},
+      {'B', "octets 00", 0, -7, "avant"},
+      {'B', "octets 00 35", 0, -7, "avant"},
+      {'B', "octets 01 35", 53, -7, T + "53:Taille de logiciel incorrecte"},
+      {'B', "octets 01", 32, -7, T + "32:avant"},
+      {'B', "vide longueur 0", -1, -7, Galss_1},
+      {'B', "longueur 3", -1, -7, Galss_1},
+      {'B', "code 64 longueur 99999 octets 07 07 / vide longueur 2", 0, -7, "avant"},
+      {'B', "longueur -1", -1, -7, Galss_1},
+      {'B', "code 2", 2, -7, "Erreur GALSS 2 : Plus de ressource dans la table des gestionnaires"},
+      {'d', "octets 00 02 02", 0, 2048, Accord},
+      {'d', "longueur 77 octets 00 02 02", 0, 2048, Accord},
+      {'d', "octets 00 01 02", -2, -7, "Etat Final1 : OK"},
+      {'d', "octets 01 82", -3, -7, "Erreur Technique82 : Time out"},
+      {'d', "octets 1A 02 02", -4, -7, "Erreur nature du message 1AIncorrect"},
+      {'d', "code 4096 octets 00 02 02", 4096, -7, Inconnue},
+      {'b', "octets 00 00", 0, -7, "Etat Final0 : Fin de dialogue lecteur"},
+      {'b', "octets 00 01", 0, -7, "Etat Final1 : OK"},
+      {'b', "octets 00 02", -2, -7, Accord},
+      {'b', "octets 01 81", -3, -7, "Erreur Technique81 : Application inconnue"},
+      {'b', "octets 25 00", -4, -7, "Erreur nature du message 25incorrect"},
+      {'b', "vide longueur 0", -4, -7, "Erreur nature du message 20incorrect"},
+  };
   for (const auto& C : Cas) {
-    Dicter(C.Codes);
-    Connexions.Deconnexion(Message);
-    EXPECT_EQ(Dictee.Conversation, "fin 9; fermer 3 9; ");
-    EXPECT_EQ(Message, C.Message);
-    EXPECT_EQ(Pane(), C.Pane);
-    EXPECT_EQ(Etat.Code_Retour, C.Resultat);
+    SCOPED_TRACE(C.Reponses);
+    const bool Bloc = C.Quoi == 'B' || C.Quoi == 'b';
+    std::string Scenario;
+    for (const auto Une : Decouper(C.Reponses, '/'))
+      Scenario += (C.Quoi == 'L' ? "defaut = lecture : "
+                   : Bloc        ? "defaut = bloc : "
+                                 : "defaut = demande : ") +
+                  std::string(Une) + "\n";
+    Operations P(Scenario);
+    P.Connexions.Connexion(P.Message);
+    if (Bloc) P.Faire(C.Quoi == 'B' ? 'D' : 'd');
+    P.Message = "avant";
+    P.Taille = -7;
+    EXPECT_EQ(P.Faire(C.Quoi), C.Statut);
+    EXPECT_EQ(P.Taille, C.Taille);
+    EXPECT_EQ(P.Message, C.Message);
+    EXPECT_EQ(P.Etat.Code_Retour, C.Statut);
+    EXPECT_EQ(P.Lecteur.Fautes(), Sans_Faute);
+    EXPECT_EQ(P.Configuration.size(), C.Quoi == 'L' ? 2048 : 0);
   }
+}
+
+TEST(Galss, Une_Longueur_Qui_Ne_Peut_Etre_Annoncee) {
+  Operations P("");
+  for (const std::int64_t Longueur : {-1LL, 1000000LL, 1LL << 40}) {
+    EXPECT_THROW(Demande_Telechargement(P.Liaison, "0000", Longueur, P.Taille, P.Message), Erreur);
+    EXPECT_THROW(Demande_Chargement(P.Liaison, "0000", Longueur, P.Taille, P.Message), Erreur);
+  }
+  EXPECT_EQ(P.Lecteur.Nombre(Cible::Appel), 0);
 }
 
 // As the reader's configuration window shows them, from a reply that ends anywhere.
-TEST_F(Galss_Test, Champs_De_La_Configuration) {
+TEST(Galss, Champs_De_La_Configuration) {
+  Horloge_De_Test Temps;
   const std::string Fiche =
       "\x01"
       "INGENICO       LECTEUR BIFENTE 2.0M-XA-V2WXYZ  N\xB0 42             03Vitale  A                "
@@ -185,119 +211,15 @@ TEST_F(Galss_Test, Champs_De_La_Configuration) {
   }
 }
 
-TEST_F(Galss_Test, Arret_Du_Serveur) {
+TEST(Galss, Arret_Du_Serveur) {
   const char* Noms[] = {
       "C:\\WINDOWS\\GALSVW32.EXE", "c:\\windows\\galsvw32.exe", "galsvw32.exe", "GALSVW32.EXE", "xgalsvw32.exe",
       "galsvw32.exe.bak"};
+  Pannes P;
+  Processus_De_Test Processus(P);
   for (std::uint32_t I = 0; I < std::size(Noms); ++I) Processus.Actifs.push_back({I, Noms[I]});
   Arret_Galss(Processus);
   EXPECT_EQ(Processus.Termines, (std::vector<std::uint32_t>{0, 2, 3}));
-}
-
-TEST_F(Galss_Test, Trames_Au_Bit_Pres) {
-  std::int32_t Taille = 0;
-  const Octets Donnees = {'a', 0, 'c'};
-  const auto Derniere = [&] { return Dictee.Commandes.back(); };
-  const auto Avec = [](Octets Debut, std::string_view Fin) {
-    Debut.insert(Debut.end(), Fin.begin(), Fin.end());
-    return Debut;
-  };
-  for (const auto& [Longueur, Champ] : {std::pair{0, "0127000000"}, {512, "0127000512"}, {999999, "0127999999"}}) {
-    Demande_Telechargement(Liaison, "0127", Longueur, Taille, Message);
-    EXPECT_EQ(Derniere(), Avec({1, 0, 0, 0x99}, Champ));
-    Demande_Chargement(Liaison, "0127", Longueur, Taille, Message);
-    EXPECT_EQ(Derniere(), Avec({0xFF, 1, 3, 1, 1, 0xFF, 0xFF}, Champ));
-  }
-  for (const std::uint8_t Type : Octets{0x00, 0x01, 0x10, 0x11}) {
-    const Rang_Bloc Rang{(Type & 1) != 0, (Type & 0x10) != 0};
-    Bloc_Telechargement(Liaison, Rang, Donnees, Message);
-    EXPECT_EQ(Derniere(), (Octets{1, 0, 0, 0x98, Type, 'a', 0, 'c'}));
-    Bloc_Chargement(Liaison, Rang, Donnees, Message);
-    EXPECT_EQ(Derniere(), (Octets{0xFF, 1, 3, 2, 1, 0xFF, 0xFF, Type, 'a', 0, 'c'}));
-  }
-  Demande_Telechargement(Liaison, "12", 3, Taille, Message);
-  EXPECT_EQ(Derniere(), Avec({1, 0, 0, 0x99}, "12  000003")) << "a shorter version is padded";
-  Octets Configuration;
-  Lecture_Config_Lecteur(Liaison, Configuration, Message);
-  EXPECT_EQ(Derniere(), (Octets{1, 0, 0, 0x94}));
-  EXPECT_EQ(Configuration.size(), 2048U);
-  Dictee.Commandes.clear();
-  for (const std::int64_t Longueur : {-1LL, 1000000LL, 1LL << 40}) {
-    EXPECT_THROW(Demande_Telechargement(Liaison, "0000", Longueur, Taille, Message), Erreur);
-    EXPECT_THROW(Demande_Chargement(Liaison, "0000", Longueur, Taille, Message), Erreur);
-  }
-  EXPECT_TRUE(Dictee.Commandes.empty());
-}
-
-TEST_F(Galss_Test, Reponses_Aux_Trames) {
-  Octets Configuration;
-  std::int32_t Taille = 0;
-  const auto Lecture = [&] { return Lecture_Config_Lecteur(Liaison, Configuration, Message); };
-  const auto Demande_T = [&] { return Demande_Telechargement(Liaison, "0000", 9, Taille, Message); };
-  const auto Demande_C = [&] { return Demande_Chargement(Liaison, "0000", 9, Taille, Message); };
-  const auto Bloc_T = [&] { return Bloc_Telechargement(Liaison, {}, {}, Message); };
-  const auto Bloc_C = [&] { return Bloc_Chargement(Liaison, {}, {}, Message); };
-  const std::string Galss_1 = "Erreur GALSS -1 : Longueur de message reçue incorrecte";
-  const std::string Galss_64 = "Erreur GALSS 64 : Transfert abandonné par le matériel";
-  const struct {
-    std::function<int()> Quoi;
-    Galss_Dictee::Suite Dictees;
-    int Statut, Taille;
-    std::string Message;
-  } Cas[] = {
-      {Lecture, {{0, Octets(118, 'x')}}, 0, -7, "avant"},
-      {Lecture, {{64}, {0, Octets(118, 'x')}}, 0, -7, "avant"},
-      {Lecture, {{64}, {64}}, 64, -7, Galss_64},
-      {Lecture, {{0, {0, 52}}}, 52, -7, "Erreur de Téléchargement 52:Format de logiciel incorrect"},
-      {Lecture, {{0, {0, 0}}}, 0, -7, "Erreur de Téléchargement 0:avant"},
-      {Lecture, {{0, {0, 52}, 1}}, 0, -7, "avant"},
-      {Lecture, {{0, {0, 52}, 3}}, 0, -7, "avant"},
-      {Lecture, {{0, Octets(50, 'x')}}, 0, -7, "avant"},
-      {Lecture, {{0, {}, 99999}}, 0, -7, "avant"},
-      {Lecture, {{64, {}, 99999}, {0, {}, -7}}, 0, -7, "avant"},
-      {Demande_T, {{0, {7, 7, 4}}}, 0, 4096, "avant"},
-      {Demande_T, {{0, {9, 51}}}, 51, -7, "Erreur de Téléchargement 51:Version logicielle déjà chargée ou incorrecte"},
-      {Demande_T, {{0, {9, 0}}}, 0, -7, "Erreur de Téléchargement 0:avant"},
-      {Demande_T, {{1024, {}, 0}}, -1, -7, Galss_1},
-      {Demande_T, {{512, {}, 3}}, 512, -7, "Erreur GALSS 512 : Erreur protocole"},
-      {Demande_T, {{0, {1, 2, 4}, 4}}, -1, -7, Galss_1},
-      {Demande_T, {{0, {1, 2, 4}, 99999}}, -1, -7, Galss_1},
-      {Demande_T, {{0, {1, 2, 4}, -3}}, -1, -7, Galss_1},
-      {Demande_T, {{64, {1, 2, 9}, 3}, {0, {1, 2, 4}}}, 0, 4096, "avant"},
-      {Demande_T, {{64, {}, 3}, {64, {}, 3}}, 64, -7, Galss_64},
-      {Bloc_T, {{0, {0}}}, 0, -7, "avant"},
-      {Bloc_T, {{0, {0, 53}}}, 0, -7, "avant"},
-      {Bloc_T, {{0, {1, 53}}}, 53, -7, "Erreur de Téléchargement 53:Taille de logiciel incorrecte"},
-      {Bloc_T, {{0, {1}}}, 32, -7, "Erreur de Téléchargement 32:avant"},
-      {Bloc_T, {{0, {}, 0}}, -1, -7, Galss_1},
-      {Bloc_T, {{0, {0, 0}, 3}}, -1, -7, Galss_1},
-      {Bloc_T, {{64, {7, 7}, 99999}, {0, {}, 2}}, 0, -7, "avant"},
-      {Bloc_T, {{0, {0, 0}, -1}}, -1, -7, Galss_1},
-      {Bloc_T, {{2, {}, 2}}, 2, -7, "Erreur GALSS 2 : Plus de ressource dans la table des gestionnaires"},
-      {Demande_C, {{0, {0, 2, 2}}}, 0, 2048, "Etat Final2 : Accord de mise à jour"},
-      {Demande_C, {{0, {0, 2, 2}, 77}}, 0, 2048, "Etat Final2 : Accord de mise à jour"},
-      {Demande_C, {{0, {0, 1, 2}}}, -2, -7, "Etat Final1 : OK"},
-      {Demande_C, {{0, {1, 0x82}}}, -3, -7, "Erreur Technique82 : Time out"},
-      {Demande_C, {{0, {0x1A, 2, 2}}}, -4, -7, "Erreur nature du message 1AIncorrect"},
-      {Demande_C, {{4096, {0, 2, 2}}}, 4096, -7, Inconnue},
-      {Bloc_C, {{0, {0, 0}}}, 0, -7, "Etat Final0 : Fin de dialogue lecteur"},
-      {Bloc_C, {{0, {0, 1}}}, 0, -7, "Etat Final1 : OK"},
-      {Bloc_C, {{0, {0, 2}}}, -2, -7, "Etat Final2 : Accord de mise à jour"},
-      {Bloc_C, {{0, {1, 0x81}}}, -3, -7, "Erreur Technique81 : Application inconnue"},
-      {Bloc_C, {{0, {0x25, 0}}}, -4, -7, "Erreur nature du message 25incorrect"},
-      {Bloc_C, {{0, {}, 0}}, -4, -7, "Erreur nature du message 20incorrect"},
-  };
-  int Rang = 0;
-  for (const auto& C : Cas) {
-    SCOPED_TRACE(Rang++);
-    Dicter(C.Dictees);
-    Taille = -7;
-    EXPECT_EQ(C.Quoi(), C.Statut);
-    EXPECT_EQ(Taille, C.Taille);
-    EXPECT_EQ(Message, C.Message);
-    EXPECT_EQ(Etat.Code_Retour, C.Statut);
-    EXPECT_EQ(Dictee.Commandes.size(), C.Dictees.size());
-  }
 }
 
 }  // namespace

@@ -117,27 +117,27 @@ TEST(Journal, Premiere_Difference) {
   Poste_Suivi Note(Premiere);
   Note.Mettre_A_Jour();
   Note.Releve.Texte += "00:00:00.000 FIN quitter\r\n";
-  const auto Rejouer = [&](const std::string& Scenario, const auto& Changer) {
-    Poste_Suivi P(Scenario, Note.Releve.Texte);
-    Changer(P);
+  const std::string Noyau = "C:\\Pavorin\\Fexa0400.ing";
+  const struct {
+    std::string Scenario;
+    std::function<void(Poste_Suivi& P)> Changer;
+    std::vector<std::string> Morceaux;  // of the only fault, if any
+  } Cas[] = {{"",
+              [&](auto& P) { P.Disque.Fichiers[Noyau][600] ^= 1; },
+              {"rejeu, ligne ", " : Echange, attendu crc32=", ", venu crc32="}},
+             {"contenu = non", [&](auto& P) { P.Disque.Fichiers[Noyau][600] ^= 1; }, {}},
+             {"",
+              [&](auto& P) { P.Disque.Fichiers[Noyau].resize(1200); },
+              {"attendu commande=[01 00 00 99 30 30 30 30 30 30 31 33 30 30]",
+               ", venu commande=[01 00 00 99 30 30 30 30 30 30 31 32 30 30]"}},
+             {"", [](auto& P) { P.Mettre_A_Jour(); }, {"rejeu, rien de plus dans le journal, venu OuvrirSession"}}};
+  for (const auto& C : Cas) {
+    Poste_Suivi P(C.Scenario, Note.Releve.Texte);
+    C.Changer(P);
     P.Mettre_A_Jour();
-    return P.Lecteur.Fautes();
-  };
-  const auto Autre_Contenu = [](Poste_Suivi& P) { P.Disque.Fichiers["C:\\Pavorin\\Fexa0400.ing"][600] ^= 1; };
-  auto Fautes = Rejouer("", Autre_Contenu);
-  ASSERT_EQ(Fautes.size(), 1U);
-  EXPECT_TRUE(Fautes[0].starts_with("rejeu, ligne ")) << Fautes[0];
-  EXPECT_NE(Fautes[0].find(" : Echange, attendu crc32="), std::string::npos) << Fautes[0];
-  EXPECT_NE(Fautes[0].find(", venu crc32="), std::string::npos) << Fautes[0];
-  EXPECT_EQ(Rejouer("contenu = non", Autre_Contenu), std::vector<std::string>());
-  Fautes = Rejouer("", [](Poste_Suivi& P) { P.Disque.Fichiers["C:\\Pavorin\\Fexa0400.ing"].resize(1200); });
-  ASSERT_EQ(Fautes.size(), 1U);
-  EXPECT_NE(Fautes[0].find("attendu commande=[01 00 00 99 30 30 30 30 30 30 31 33 30 30], venu commande=[01 00 00 99 "
-                           "30 30 30 30 30 30 31 32 30 30]"),
-            std::string::npos)
-      << Fautes[0];
-  Fautes = Rejouer("", [](Poste_Suivi& P) { P.Mettre_A_Jour(); });
-  EXPECT_EQ(Fautes, std::vector<std::string>{"rejeu, rien de plus dans le journal, venu OuvrirSession"});
+    ASSERT_EQ(P.Lecteur.Fautes().size(), C.Morceaux.empty() ? 0 : 1);
+    for (const auto& Un : C.Morceaux) EXPECT_NE(P.Lecteur.Fautes()[0].find(Un), std::string::npos);
+  }
 }
 
 /// What the journal tells, a line's time only when it is not that of the line before; the reader's record as FICHE.
@@ -242,16 +242,9 @@ TEST(Journal, Dit_L_Autre_Famille_La_Ligne_Et_La_Fin) {
   P.Suivie.F.FMain.MnLecteur.Cliquer();
   P.Suivie.F.FMain.Fermer_Par_Cadre();
   EXPECT_THROW(P.Suivie.F.frmAbout.CmdOK.Cliquer(), Programme_Arrete);
-  EXPECT_EQ(
-      Lu(P),
-      Depart +
-          R"(GALSS OuvrirSession application="Téléchargement" lad="Log_SV" -> duree_ms=0.000 code=0 application="Téléchargement" lad="Log_SV" session=3 info=1
-POSTE bibliotheque="C:\\GALSS\\Galclw32.dll"
-GALSS DebutExclusivite texte="3:1" application="Téléchargement" lad="Log_SV" -> duree_ms=0.000 code=0 texte="3:1" application="Téléchargement" lad="Log_SV" exclusivite=7
-VOLET texte="Connexion Réussie."
-23:59:58.257 GALSS Echange session=3 nombre=0 commande=[01 00 00 94] longueur=4 capacite=2048 -> duree_ms=250.000 code=0 longueur=4 recus=118 reponse=[FICHE] sens="Configuration lue : INGENICO | LECTEUR BIFENTE 2.0M-XA-V2 | SIMULE0000000001 | 02 | SESAM-VITALE | 0200 | 20050315 | 1430 | A1B2"
-)" + Question +
-          R"(FICHIER Ouvrir chemin="C:\\Pavorin\\Fexa0400.ing" taille=600 crc32=CD5D84E6
+  const std::string Tout = Lu(P);
+  EXPECT_EQ(Tout.substr(Tout.find("FICHIER Ouvrir")),
+            R"(FICHIER Ouvrir chemin="C:\\Pavorin\\Fexa0400.ing" taille=600 crc32=CD5D84E6
 VOLET texte="Ouverture du fichier. "
 FENETRE ouverte titre="Pavorin"
 23:59:58.507 GALSS Echange session=3 nombre=0 commande=[FF 01 03 01 01 FF FF 30 30 30 30 30 30 30 35 39 37] longueur=17 capacite=3 -> duree_ms=250.000 code=0 longueur=17 recus=3 reponse=[00 02 01] sens="Etat Final2 : Accord de mise à jour, blocs de 1024 octets"
@@ -373,7 +366,7 @@ TEST(Journal, Test_Serie) {
     EXPECT_EQ(Enregistre.Fautes(), std::vector<std::string>());
     EXPECT_EQ(Rejoue.Volet(), Note.Volet());
     EXPECT_EQ(Rejoue.Ecran.Boites, Note.Ecran.Boites);
-    EXPECT_EQ(Rejoue.Port.Conversation, Note.Port.Conversation);
+    EXPECT_EQ(Rejoue.Faits(), Note.Faits());
     EXPECT_EQ(Rejoue.Suivie.F.FrmResultParam.LblNumSerie.Texte(), Note.Suivie.F.FrmResultParam.LblNumSerie.Texte());
     Rejoue.Suivie.F.FrmResultParam.CmdOK.Cliquer();
     Rejoue.Suivie.F.FMain.MnLecteur.Cliquer();

@@ -21,19 +21,19 @@ Octets Reponse_De(const std::string& Type, const std::string& OS, const std::str
 
 // Exact texts, all 30 characters of the type of the one, the first 26 of the other's.
 TEST(Decision, Lecteurs_Refuses) {
-  const std::string Autres[] = {
-      "INGENICO       INGENICO 650                  ", "INGENICO       INGENICO  650                X",
-      "Ingenico       INGENICO  650                 ", "INGENICO      XINGENICO  650                 ",
-      "INGENICO      XLECTEUR BIFENTE 2.0M-XA-V2    ", "INGENICO       lecteur bifente 2.0M-XA-V2    ",
-      "INGENICO       LECTEUR BIFENTE 2.0M-XA-V3    "};
-  std::vector<Octets> Refuses = {{},
-                                 Octets(2048, ' '),
-                                 {0, 52},
-                                 Reponse_De(Elite, "03", "0128"),
-                                 Reponse_De(Elite, "02", "0127"),
-                                 Reponse_De(Bifente_A, "01", "0130"),
-                                 Reponse_De(Bifente_B, "03", "0130")};
-  for (const std::string& Un : Autres) Refuses.push_back(Reponse_De(Un, "03", "0127"));
+  const Octets Refuses[] = {{},
+                            Octets(2048, ' '),
+                            {0, 52},
+                            Reponse_De(Elite, "03", "0128"),
+                            Reponse_De(Elite, "02", "0127"),
+                            Reponse_De(Bifente_A, "01", "0130"),
+                            Reponse_De(Bifente_B, "03", "0130"),
+                            Reponse_De("INGENICO       INGENICO 650                  ", "03", "0127"),
+                            Reponse_De("INGENICO       INGENICO  650                X", "03", "0127"),
+                            Reponse_De("Ingenico       INGENICO  650                 ", "03", "0127"),
+                            Reponse_De("INGENICO      XINGENICO  650                 ", "03", "0127"),
+                            Reponse_De("INGENICO      XLECTEUR BIFENTE 2.0M-XA-V2    ", "03", "0127"),
+                            Reponse_De("INGENICO       LECTEUR BIFENTE 2.0M-XA-V3    ", "03", "0127")};
   for (const Octets& Reponse : Refuses) {
     Variables_Globales V;
     V.Noyau_Et_Appli = true;

@@ -2,6 +2,7 @@
 
 #include <gtest/gtest.h>
 
+#include "simulator/Lecture_Texte.h"
 #include "tests/Machine_De_Test.h"
 
 namespace {
@@ -12,6 +13,12 @@ const std::string Message_Manuel =
     "jour.\r\n\t\t\tATTENTION\r\n"
     "Les fichiers sélectionnés seront chargés même s'ils sont présents dans le lecteur !!!";
 
+/// Release type, application version, kernel version, and whether "Mise à jour" may be pressed.
+std::string Etat_De(Poste_De_Test& P) {
+  const Fenetre_Principale& F = P.App.F.FMain;
+  return F.lbltpe.Texte() + " " + F.lblvers1.Texte() + " " + F.lblvers2.Texte() + (F.CmdMaj.Active() ? " oui" : " non");
+}
+
 struct Selection_Test : testing::Test, Poste_De_Test {
   Fenetre_Principale& FMain = App.F.FMain;
   using Noms = std::vector<std::string>;
@@ -21,11 +28,7 @@ struct Selection_Test : testing::Test, Poste_De_Test {
     Profil.Repertoire() = Octets(Repertoire.begin(), Repertoire.end());
     Demarrer();
   }
-  /// Release type, application version, kernel version, and whether "Mise à jour" may be pressed.
-  std::string Etat() const {
-    return FMain.lbltpe.Texte() + " " + FMain.lblvers1.Texte() + " " + FMain.lblvers2.Texte() +
-           (FMain.CmdMaj.Active() ? " oui" : " non");
-  }
+  std::string Etat() { return Etat_De(*this); }
 };
 
 // The window is up before the directory is searched.
@@ -80,30 +83,32 @@ TEST_F(Selection_Test, Demarrage_Puis_D_Autres_Repertoires) {
   EXPECT_EQ(App.Globales.Version_Appli + App.Globales.Version_Noyau, "0401Fe") << "they keep their last value";
 }
 
-TEST_F(Selection_Test, Le_Plus_Recent_D_Abord_Puis_L_Ordre_Trouve) {
-  Demarrer_Sur({"E0127.ing", "eT0401.ING", "ER0302.ing", "ES0401.ing", "lisezmoi.txt", "Exxx.ingx", "E.ing", "Eing",
-                "Fexa0300.ing", "FEXA1000.ing", "FexaA100.ing", "fexa0900.ing"},
-               "C:\\Logiciels");
-  EXPECT_EQ(FMain.CchosseAppli.Entrees(),
-            (Noms{"eT0401.ING", "E0127.ing", "ER0302.ing", "ES0401.ing", "E.ing", Aucune}));
-  EXPECT_EQ(FMain.CchooseNoyau.Entrees(),
-            (Noms{"FEXA1000.ing", "Fexa0300.ing", "FexaA100.ing", "fexa0900.ing", Aucune}));
-  EXPECT_EQ(App.Globales.Catalogue.Liste_Noyaux[0], "Fexa0300.ing") << "the catalogue keeps the found order";
-  EXPECT_EQ(App.Globales.Version_Appli + App.Globales.Version_Noyau, "040110");
-}
-
-TEST_F(Selection_Test, Marque_De_Version_Test) {
-  const std::tuple<const char*, const char*, const char*> Cas[] = {
-      {"E0302.ing", "Version Réelle", "03.02"},   {"Et0302.ing", "Version Test", "03.02"},
-      {"ET0302.ing", "Version Test", "03.02"},    {"E_T_0302.ing", "Version Réelle", "03.02"},
-      {"EétéT03é2.ing", "Version Test", "03.é2"}, {"E.1.T1234.ing", "Version Test", "12.34"},
-      {"E1.ing", "Version Réelle", "E1."}};
-  for (const auto& [Nom, Type, Version] : Cas) {
-    Poste_De_Test Poste;
-    Poste.Disque.Poser(std::string("C:\\Pavorin\\") + Nom);
-    Poste.Demarrer();
-    EXPECT_EQ(Poste.App.F.FMain.lbltpe.Texte(), Type) << Nom;
-    EXPECT_EQ(Poste.App.F.FMain.lblvers1.Texte(), Version) << Nom;
+// The newest first, then the others as they were found.
+TEST(Catalogue, Listes_Et_Versions) {
+  const std::tuple<std::string, std::string, std::string, std::string> Cas[] = {
+      {"E0127.ing eT0401.ING ER0302.ing ES0401.ing lisezmoi.txt Exxx.ingx E.ing Eing Fexa0300.ing FEXA1000.ing "
+       "FexaA100.ing fexa0900.ing",
+       "Version Test 04.01 10.00 oui", "eT0401.ING E0127.ing ER0302.ing ES0401.ing E.ing ",
+       "FEXA1000.ing Fexa0300.ing FexaA100.ing fexa0900.ing "},
+      {"Fexa0300.ing", "------- --.-- 03.00 oui", "", "Fexa0300.ing "},
+      {"E0302.ing", "Version Réelle 03.02 --.-- oui", "E0302.ing ", ""},
+      {"Et0302.ing", "Version Test 03.02 --.-- oui", "Et0302.ing ", ""},
+      {"E_T_0302.ing", "Version Réelle 03.02 --.-- oui", "E_T_0302.ing ", ""},
+      {"EétéT03é2.ing", "Version Test 03.é2 --.-- oui", "EétéT03é2.ing ", ""},
+      {"E.1.T1234.ing", "Version Test 12.34 --.-- oui", "E.1.T1234.ing ", ""},
+      {"E1.ing", "Version Réelle E1. --.-- oui", "E1.ing ", ""}};
+  const auto Tout = [](const Liste_Deroulante& Liste) {
+    std::string Noms;
+    for (const auto& Un : Liste.Entrees()) Noms += Un + " ";
+    return Noms;
+  };
+  for (const auto& [Fichiers, Etat, Applis, Noyaux] : Cas) {
+    Poste_De_Test P;
+    for (const auto Nom : Decouper(Fichiers, ' ')) P.Disque.Poser("C:\\Pavorin\\" + std::string(Nom));
+    P.Demarrer();
+    EXPECT_EQ(Etat_De(P), Etat);
+    EXPECT_EQ(Tout(P.App.F.FMain.CchosseAppli), Applis + Aucune + " ");
+    EXPECT_EQ(Tout(P.App.F.FMain.CchooseNoyau), Noyaux + Aucune + " ");
   }
 }
 
@@ -116,18 +121,6 @@ TEST_F(Selection_Test, Vingt_Six_Fichiers_Au_Plus_Sans_Perdre_Le_Plus_Recent) {
   Gardes.push_back(Aucune);
   Demarrer_Sur(Fichiers);
   EXPECT_EQ(FMain.CchosseAppli.Entrees(), Gardes);
-}
-
-TEST_F(Selection_Test, Un_Genre_Sans_Fichier) {
-  Disque.Poser("D:\\E0302.ing");
-  Demarrer_Sur({"Fexa0300.ing"});
-  EXPECT_EQ(Etat(), "------- --.-- 03.00 oui");
-  FMain.TxtChooseDirectory.Texte("D:");
-  EXPECT_EQ(FMain.CchooseNoyau.Texte(), Aucune);
-  EXPECT_EQ(Etat(), "Version Réelle 03.02 --.-- oui");
-  FMain.TxtChooseDirectory.Texte("C:\\Logiciels");
-  EXPECT_EQ(FMain.CchosseAppli.Texte(), Aucune);
-  EXPECT_EQ(Etat(), "------- --.-- 03.00 oui");
 }
 
 TEST_F(Selection_Test, Mode_Manuel) {

@@ -1,23 +1,25 @@
 #include "tests/campagne/Epreuve.h"
 
-#include <cstdlib>
-
 #include "simulator/Lecture_Texte.h"
 
 namespace {
 
-/// What strikes the station otherwise than by a failure, by its word and the number that follows.
-constexpr std::pair<std::string_view, void (*)(Epreuve& E, std::size_t Nombre)> Coups_Au_Poste[] = {
-    {"effacer", [](auto& E, auto) { E.Disque.Fichiers.clear(); }},
-    {"vider", [](auto& E, auto) { E.Disque.Ordre.clear(); }},
-    {"non", [](auto& E, auto) { E.Ecran.Confirmation = Reponse::Non; }},
-    {"muet", [](auto& E, auto) { E.Port.Repondre = {}; }},
-    {"arracher", [](auto& E, auto) { E.Port.Fermer(); }},
-    {"inonder", [](auto& E, auto Nombre) { E.Port.Envoyer(Octets(Nombre, 0xF2), 0); }},
+/// What strikes the station, by its word; what follows the word comes with it.
+const std::map<std::string, decltype(Cas::Coup::Porter)> Coups_Au_Poste = {
+    {"effacer", [](auto& E, auto&) { E.Disque.Fichiers.clear(); }},
+    {"vider", [](auto& E, auto&) { E.Disque.Ordre.clear(); }},
+    {"non", [](auto& E, auto&) { E.Ecran.Confirmation = Reponse::Non; }},
+    {"muet", [](auto& E, auto&) { E.Port.Repondre = {}; }},
+    {"arracher", [](auto& E, auto&) { E.Port.Fermer(); }},
+    {"inonder", [](auto& E, auto& Nombre) { E.Port.Envoyer(Octets(std::stoul(Nombre), 0xF2), 0); }},
     {"tronquer",
-     [](auto& E, auto Taille) {
-       for (auto& [Chemin, Donnees] : E.Disque.Fichiers) Donnees = Contenu_De(Chemin, Taille);
+     [](auto& E, auto& Taille) {
+       for (auto& [Chemin, Donnees] : E.Disque.Fichiers) Donnees = Contenu_De(Chemin, std::stoul(Taille));
      }},
+    {"clic", [](auto& E, auto& Nom) { E.Agir_Si_Permis(Nom); }},
+    {"erreur", [](auto&, auto& Numero) { throw Erreur(std::stoi(Numero), "Panne"); }},
+    {"memoire", [](auto&, auto&) { throw std::bad_alloc(); }},
+    {"inconnue", [](auto&, auto&) { throw std::out_of_range("panne"); }},
 };
 
 }  // namespace
@@ -29,17 +31,18 @@ Cas::Cas(std::string_view Nom)
       Choix(Scenarios_Campagne.at(Nom_Scenario)),
       Texte_Lecteur(Choix.Lecteur) {
   for (const auto Part : Decouper(Nom.substr(std::min(Nom_Scenario.size() + 1, Nom.size())), ',')) {
-    const std::string P(Part), Mot = P.substr(0, P.find_first_of("_:")), Effet = P.substr(P.find(':') + 1);
-    if (Mot == "lecteur") {
-      Texte_Lecteur += "\nfamille = toutes\n" + Effet;
-    } else if (std::find(Noms_Cibles.begin(), Noms_Cibles.end(), Mot) != Noms_Cibles.end()) {
-      Texte_Lecteur += "\ndefaut = ";
-      for (const char C : P) Texte_Lecteur += C == '_' ? ' ' : C;
+    std::string P(Part);
+    if (P.starts_with("lecteur:")) {
+      Texte_Lecteur += "\nfamille = toutes\n" + P.substr(8);
+    } else if (std::ranges::find(Noms_Cibles, P.substr(0, P.find('_'))) != Noms_Cibles.end()) {
+      std::ranges::replace(P, '_', ' ');
+      Texte_Lecteur += "\ndefaut = " + P;
     } else {
-      const auto Chiffre = P.find_first_of("0123456789"), Fois = P.find("_fois_");
-      const int Rang = std::atoi(P.c_str() + Chiffre),
-                En_Plus = Fois == P.npos ? 0 : std::atoi(P.c_str() + Fois + 6) - 1;
-      Au_Poste.push_back({P.substr(0, Chiffre - 1), Effet, Rang, Rang + En_Plus});
+      const auto Chiffre = P.find_first_of("0123456789"), Fois = P.find("_fois_"), Effet = P.find(':') + 1;
+      const auto Suite = std::min(P.find('_', Effet), P.size() - 1);
+      const int Rang = std::stoi(P.substr(Chiffre)), En_Plus = Fois == P.npos ? 0 : std::stoi(P.substr(Fois + 6)) - 1;
+      const auto Porter = Coups_Au_Poste.at(P.substr(Effet, P.find('_', Effet) - Effet));
+      Au_Poste.push_back({P.substr(0, Chiffre - 1), Rang, Rang + En_Plus, Porter, P.substr(Suite + 1)});
     }
   }
 }
@@ -65,12 +68,6 @@ Epreuve::Epreuve(std::string_view Nom) : Cas(Nom), Poste_De_Test(Texte_Lecteur) 
     const auto Suite = std::string_view(Details_).substr(Details_.starts_with(Avant) ? Avant.size() : 0);
     if (!Suite.empty()) Vus_.Recit += Lisible(Suite) + "\n";
   };
-  Lecteur.Avant_Appel = [this](Cible Operation, int) {
-    Operation_ = Noms_Cibles[static_cast<std::size_t>(Operation)];
-    ++Appels["appel"];
-    ++Appels[Operation_];
-    Pannes_.Passer("Galss");
-  };
 }
 
 void Epreuve::Retablir() {
@@ -89,6 +86,12 @@ void Epreuve::Agir(const std::function<void()>& Action) {
   }
 }
 
+void Epreuve::Agir_Si_Permis(const std::string& Nom) {
+  const Actions Toutes = Actions_Permises(App.F);
+  const auto Une = std::ranges::find(Toutes, Nom, &Actions::value_type::first);
+  if (Une != Toutes.end()) Agir(Une->second);
+}
+
 void Epreuve::Passer_Appel(std::string_view Appel) {
   const int Rang = ++Appels[Appel];
   if (Appel == "Boite_Message") Vus_.Recit += "[" + Lisible(Ecran.Boites.back()) + "]\n";
@@ -97,35 +100,23 @@ void Epreuve::Passer_Appel(std::string_view Appel) {
     if (Relever_) Permises.emplace_back();
     for (const auto& [Nom, Faire] : Relever_ ? Actions_Permises(App.F) : Actions()) Permises.back().push_back(Nom);
   }
-  for (const auto& P : Au_Poste) {
-    if (P.Appel == Appel && Rang >= P.Rang && Rang <= P.Dernier) Frapper(P.Effet, Appel);
-  }
-}
-
-void Epreuve::Frapper(const std::string& Effet, std::string_view Appel) {
-  const int Nombre = std::atoi(Effet.c_str() + Effet.find('_') + 1);
-  for (const auto& [Mot, Porter] : Coups_Au_Poste) {
-    if (Effet.starts_with(Mot)) return Porter(*this, static_cast<std::size_t>(Nombre));
-  }
-  if (Effet.starts_with("clic_")) {
-    for (const auto& [Nom, Faire] : Actions_Permises(App.F)) {
-      if (Nom == Effet.substr(5)) return Agir(Faire);
-    }
-    return;
-  }
   // While a file or the port is open, a procedure that has a handler runs.
   const bool Tenu = Appel == "Creer" && (Disque.Ouverts > 0 || Port.Ouvert());
-  ++Vus_.Levees[Appel == "Galss" ? Operation_ : Tenu ? "Creer tenu" : Appel];
-  if (Effet == "erreur_48") ++Vus_.Levees["sans bibliothèque"];
-  if (Effet == "memoire") throw std::bad_alloc();
-  if (Effet == "inconnue") throw std::out_of_range("panne");
-  throw Erreur(Nombre, "Panne");
+  for (const auto& C : Au_Poste) {
+    if (C.Appel != Appel || Rang < C.Rang || Rang > C.Dernier) continue;
+    try {
+      C.Porter(*this, C.Suite);
+    } catch (const std::exception&) {
+      ++Vus_.Levees[Tenu ? "Creer tenu" : Appel];
+      if (C.Suite == "48") ++Vus_.Levees["sans bibliothèque"];
+      throw;
+    }
+  }
 }
 
 void Epreuve::Jouer(const std::function<void(Epreuve&)>& Jeu) {
-  Vus_ = {Temps.Maintenant, Lecteur.Fautes().size(), Lecteur.Fichiers().size(), Lecteur.Nombre(Cible::Lecture)};
+  Vus_ = {Temps.Maintenant, Lecteur.Fautes().size(), Lecteur.Fichiers().size()};
   Appels.clear();
-  Disque.Ouvertures.clear();
   Processus.Termines.clear();
   FMain.CmdQuitter.Active(Quitter_Offert_);
   try {
@@ -171,7 +162,9 @@ void Epreuve::Passer(bool Relever_Actions) {
   Quitter_Offert_ = Relever_ || Operateur;
   Pannes_.Avant = [this](std::string_view Appel, int) { Passer_Appel(Appel); };
   Jouer(Choix.Jouer);
-  const auto Premiers = Appels;
+  auto Premiers = Appels;
+  for (const Cible Quoi : {Cible::Appel, Cible::Echange})
+    Premiers[Noms_Cibles[static_cast<std::size_t>(Quoi)]] = Lecteur.Nombre(Quoi);
   Disque.Ordre = Ordre;
   Disque.Fichiers = Fichiers;
   if (!Arrete_ && FMain.Ouverte()) Reprendre();

@@ -1,11 +1,10 @@
 #pragma once
-// One case of the campaign: a scenario played by the whole program, perturbed where the case's name
-// says and judged; then a clean run of the same scenario in the same process, judged likewise.
+// One case of the campaign: a scenario played by the whole program, struck where the case's name says
+// and judged; then a clean run of the same scenario in the same process, judged likewise.
 //
-// Name: "SCENARIO/PERTURBATION,PERTURBATION...". A perturbation is "APPEL_RANG:EFFET" or
-// "APPEL_RANG_fois_N:EFFET" (N times from that call on); APPEL is a platform call (Lire_2:erreur_62) or
-// a target of the simulated reader, whose own words follow (bloc_3:refus_50). "lecteur:LIGNE" adds a
-// line to the reader's scenario.
+// Name: "SCENARIO/COUP,COUP...". A blow is "APPEL_RANG:EFFET" or "APPEL_RANG_fois_N:EFFET" (N times from
+// that call on); APPEL is a platform call (Lire_2:erreur_62) or a target of the simulated reader, whose
+// own words follow (bloc_3:refus_50). "lecteur:LIGNE" adds a line to the reader's scenario.
 
 #include "tests/Machine_De_Test.h"
 
@@ -17,21 +16,24 @@ Actions Actions_Permises(Fenetres& F);
 using Choix_Offerts = std::vector<std::vector<std::string>>;  ///< their names, at each yield
 using Comptes = std::map<std::string_view, int>;              ///< of calls, by name
 
+class Epreuve;
 struct Scenario_Campagne;
 
 /// A case's name, read. What strikes the reader is in its scenario's text.
 struct Cas {
   explicit Cas(std::string_view Nom);
 
-  struct Perturbation {
-    std::string Appel, Effet;
+  struct Coup {
+    std::string Appel;
     int Rang, Dernier;
+    void (*Porter)(Epreuve& E, const std::string& Suite);
+    std::string Suite;
   };
   const bool Operateur, Ordinaire;  ///< clicks; the scenario's own reader and files
   const std::string Nom_Scenario;
   const Scenario_Campagne& Choix;
   std::string Texte_Lecteur;
-  std::vector<Perturbation> Au_Poste;
+  std::vector<Coup> Au_Poste;
 };
 
 class Epreuve : private Cas, public Poste_De_Test {
@@ -47,6 +49,7 @@ class Epreuve : private Cas, public Poste_De_Test {
 
   /// What the operator does, as a window procedure runs it: a failure stops there, not the program's end.
   void Agir(const std::function<void()>& Action);
+  void Agir_Si_Permis(const std::string& Nom);
   void Mettre_A_Jour() {
     Agir([this] { FMain.CmdMaj.Cliquer(); });
   }
@@ -59,7 +62,6 @@ class Epreuve : private Cas, public Poste_De_Test {
  private:
   void Retablir();
   void Passer_Appel(std::string_view Appel);
-  void Frapper(const std::string& Effet, std::string_view Appel);
   void Jouer(const std::function<void(Epreuve&)>& Jeu);
   void Reprendre();
 
@@ -73,14 +75,12 @@ class Epreuve : private Cas, public Poste_De_Test {
 
   Lecteur_Serie Serie_{Scenario_De(Texte_Lecteur)};
   bool Relever_ = false, Quitter_Offert_ = true, Reprise_ = false, Arrete_ = false;
-  std::string_view Operation_;
   std::string Details_;
   Octets Ancien_Reglage_;
   /// Of one run.
   struct Faits {
     double Debut;
     std::size_t Fautes, Fichiers;          // of the reader, before it
-    int Lectures;                          // likewise
     int Echappees = 0;                     // failures that came out of an operator's action
     Comptes Levees = {};                   // failures raised
     std::string Recit = {}, Lettres = {};  // its story; the same, a letter a line
@@ -93,7 +93,6 @@ Octets Contenu_De(std::string_view Chemin, std::size_t Taille);
 struct Scenario_Campagne {
   std::string_view Lecteur;
   std::size_t Noyau, Appli;  ///< sizes of the files in the directory, 0 for none
-  std::string_view Attendu;  ///< what a clean update says, in the judge's letters
   std::function<void(Epreuve&)> Jouer = &Epreuve::Mettre_A_Jour, Preparer = &Epreuve::Demarrer;
 };
 extern const std::map<std::string, Scenario_Campagne> Scenarios_Campagne;

@@ -12,9 +12,6 @@ constexpr auto Tele = AVANT_200 "famille = telechargement", Charge = DEPUIS_200 
 // The application is an exact number of blocks; the second family leaves 3 bytes.
 constexpr std::size_t Noyau = 1300, Appli = 1014, Appli_Chargee = Appli + 3;
 
-// What a clean update says, in the judge's letters.
-constexpr std::string_view Deux_Telecharges = "P=cCQkDRODRA", Deux = "P=cCQODRODRA", Un_Seul = "P=cCQODRA";
-
 void Ouvrir_Manuel(Epreuve& E) {
   E.Demarrer();
   E.FMain.OptManuel.Choisir();
@@ -44,24 +41,24 @@ void Choisir_Dossier(Epreuve& E) {
 }  // namespace
 
 const std::map<std::string, Scenario_Campagne> Scenarios_Campagne = {
-    {"tele", {Tele, Noyau, Appli, Deux_Telecharges}},
-    {"tele-noyau", {Tele, Noyau, 0, "P=cCQkDRA"}},
-    {"tele-appli", {AVANT_200 "premier_fichier = appli", 0, Appli, Un_Seul}},
-    {"charge", {Charge, Noyau, Appli_Chargee, Deux}},
-    {"charge-noyau", {Charge, Noyau, 0, Un_Seul}},
-    {"charge-appli", {DEPUIS_200 "premier_fichier = appli", 0, Appli_Chargee, Un_Seul}},
-    {"650", {"taille_bloc = 1", Noyau, Appli, Deux_Telecharges}},
-    {"manuel", {Charge, Noyau, Appli_Chargee, Deux, &Epreuve::Mettre_A_Jour, Ouvrir_Manuel}},
-    {"refuse", {"num_version = 0126", Noyau, Appli, "P=cC1"}},
-    {"aucune", {DEPUIS_200 "type_os = 06; num_version = 0300", Noyau, Appli, "P=cC3na"}},
+    {"tele", {Tele, Noyau, Appli}},
+    {"tele-noyau", {Tele, Noyau, 0}},
+    {"tele-appli", {AVANT_200 "premier_fichier = appli", 0, Appli}},
+    {"charge", {Charge, Noyau, Appli_Chargee}},
+    {"charge-noyau", {Charge, Noyau, 0}},
+    {"charge-appli", {DEPUIS_200 "premier_fichier = appli", 0, Appli_Chargee}},
+    {"650", {"taille_bloc = 1", Noyau, Appli}},
+    {"manuel", {Charge, Noyau, Appli_Chargee, &Epreuve::Mettre_A_Jour, Ouvrir_Manuel}},
+    {"refuse", {"num_version = 0126", Noyau, Appli}},
+    {"aucune", {DEPUIS_200 "type_os = 06; num_version = 0300", Noyau, Appli}},
     // By hand the kernel alone is forbidden; without a hand the application is missing.
-    {"interdit", {"taille_bloc = 1", Noyau, 0, "P=cC2", &Epreuve::Mettre_A_Jour, Ouvrir_Manuel}},
-    {"tele-refus", {AVANT_200 "defaut = bloc 2 : refus 50", Noyau, Appli, Deux_Telecharges}},
-    {"charge-panne", {DEPUIS_200 "defaut = bloc 2 fichier 2 : technique 130", Noyau, Appli_Chargee, Deux}},
-    {"tele-fenetres", {Tele, Noyau, Appli, Deux_Telecharges, &Epreuve::Mettre_A_Jour, Ouvrir_Tout}},
-    {"charge-fenetres", {Charge, Noyau, Appli_Chargee, Deux, &Epreuve::Mettre_A_Jour, Ouvrir_Tout}},
-    {"serie-9600", {Tele, Noyau, Appli, Deux_Telecharges, &Epreuve::Tester}},
-    {"serie-19200", {AVANT_200 "vitesses = 19200", Noyau, Appli, Deux_Telecharges, &Epreuve::Tester}},
-    {"demarrage", {Tele, Noyau, Appli, Deux_Telecharges, Demarrer, [](Epreuve&) {}}},
-    {"dialogue", {Tele, Noyau, Appli, Deux_Telecharges, Choisir_Dossier}},
+    {"interdit", {"taille_bloc = 1", Noyau, 0, &Epreuve::Mettre_A_Jour, Ouvrir_Manuel}},
+    {"tele-refus", {AVANT_200 "defaut = bloc 2 : refus 50", Noyau, Appli}},
+    {"charge-panne", {DEPUIS_200 "defaut = bloc 2 fichier 2 : technique 130", Noyau, Appli_Chargee}},
+    {"tele-fenetres", {Tele, Noyau, Appli, &Epreuve::Mettre_A_Jour, Ouvrir_Tout}},
+    {"charge-fenetres", {Charge, Noyau, Appli_Chargee, &Epreuve::Mettre_A_Jour, Ouvrir_Tout}},
+    {"serie-9600", {Tele, Noyau, Appli, &Epreuve::Tester}},
+    {"serie-19200", {AVANT_200 "vitesses = 19200", Noyau, Appli, &Epreuve::Tester}},
+    {"demarrage", {Tele, Noyau, Appli, Demarrer, [](Epreuve&) {}}},
+    {"dialogue", {Tele, Noyau, Appli, Choisir_Dossier}},
 };

@@ -31,12 +31,18 @@ struct Campagne {
     for (const auto& [Nom, Scenario] : Scenarios_Campagne) {
       const auto Claire = Passer(Nom, true);
       std::ifstream Coups(CAMPAGNE "/coups.txt");
-      for (std::string Coup; std::getline(Coups, Coup);) {
-        if (!Coup.starts_with('#')) Frapper(Nom, Coup, Claire->Appels);
+      for (std::string Ligne, Pour, Coup; std::getline(Coups, Ligne);) {
+        std::istringstream(Ligne) >> Pour >> Coup;
+        if (Concerne(Pour, Nom)) Frapper(Nom + "/" + Coup, Claire->Appels);
       }
       if (!Coups.eof()) throw std::runtime_error("coups.txt");
       Operer(Nom + "/", Claire->Permises);
     }
+  }
+
+  // In the scenarios with more windows the operator alone differs.
+  static bool Concerne(const std::string& Pour, const std::string& Nom) {
+    return Pour == "*" ? !Nom.ends_with("-fenetres") : std::ranges::count(Decouper(Pour, ','), Nom) > 0;
   }
 
   std::unique_ptr<Epreuve> Passer(const std::string& Nom, bool Relever = false) {
@@ -53,30 +59,25 @@ struct Campagne {
   bool Est_A_Moi() { return Suivant++ % Sur == Part; }
 
   // Once for each value of its braces, then for each rank of its call.
-  void Frapper(const std::string& Nom, const std::string& Coup, const Comptes& Appels) {
-    const auto Debut = Coup.find('{'), Fin = Coup.find('}');
-    if (Debut == Coup.npos) return Frapper_Un(Nom, Coup, Appels);
-    const auto Garnir = [&](const std::string& Valeur) {
-      Frapper(Nom, Coup.substr(0, Debut) + Valeur + Coup.substr(Fin + 1), Appels);
+  void Frapper(const std::string& Nom, const Comptes& Appels) {
+    const auto Debut = Nom.find('{'), Fin = Nom.find('}'), Diese = Nom.find('#');
+    const auto Garnir = [&](std::size_t Place, std::size_t Taille, int Premier, int Dernier) {
+      for (int I = Premier; I <= Dernier; ++I)
+        Frapper(std::string(Nom).replace(Place, Taille, std::to_string(I)), Appels);
     };
-    for (const auto Mot : Decouper(std::string_view(Coup).substr(Debut + 1, Fin - Debut - 1), ',')) {
-      const std::string Valeur(Mot);
-      const auto Points = Valeur.find("..");
-      if (Points == Valeur.npos) Garnir(Valeur);
-      for (int I = std::atoi(Valeur.c_str()); Points != Valeur.npos && I <= std::stoi(Valeur.substr(Points + 2)); ++I)
-        Garnir(std::to_string(I));
-    }
-  }
-
-  void Frapper_Un(const std::string& Nom, const std::string& Coup, const Comptes& Appels) {
-    const auto Barre = Coup.find('/'), Diese = Coup.find('#');
-    // In the scenarios with more windows the operator alone differs.
-    if (Barre == Coup.npos ? Nom.ends_with("-fenetres") : Coup.substr(0, Barre) != Nom) return;
-    const std::string Debut = Nom + "/" + Coup.substr(Barre + 1, Diese - Barre - 1);
-    if (Diese == Coup.npos && Est_A_Moi()) Passer(Debut);
-    const auto Appel = Appels.find(Coup.substr(Barre + 1, Diese - Barre - 2));
-    for (int Rang = 1; Diese != Coup.npos && Appel != Appels.end() && Rang <= Appel->second; ++Rang) {
-      if (Est_A_Moi()) Passer(Debut + std::to_string(Rang) + Coup.substr(Diese + 1));
+    if (Debut != Nom.npos) {
+      for (const auto Mot : Decouper(std::string_view(Nom).substr(Debut + 1, Fin - Debut - 1), ',')) {
+        const std::string Valeur(Mot);
+        const auto Points = Valeur.find("..");
+        if (Points == Valeur.npos) Frapper(std::string(Nom).replace(Debut, Fin + 1 - Debut, Valeur), Appels);
+        if (Points != Valeur.npos)
+          Garnir(Debut, Fin + 1 - Debut, std::stoi(Valeur), std::stoi(Valeur.substr(Points + 2)));
+      }
+    } else if (Diese != Nom.npos) {
+      const auto Appel = Appels.find(Nom.substr(Nom.find('/') + 1, Diese - Nom.find('/') - 2));
+      Garnir(Diese, 1, 1, Appel == Appels.end() ? 0 : Appel->second);
+    } else if (Est_A_Moi()) {
+      Passer(Nom);
     }
   }
 

@@ -45,7 +45,7 @@ def fermante(m, debut):
 
 
 def instructions(m):
-    """Every statement of the code, as (start, end)."""
+    """Every statement, as (genre, start, end): of the "code", or of the "declarations" around it."""
     pile = [["declarations", 0]]
     for i, c in enumerate(m):
         if c in "([":
@@ -62,8 +62,7 @@ def instructions(m):
             if c == "}" and not re.match(r"\s*[;,)]", m[i + 1:i + 99]):  # a block, and no value or lambda
                 pile[-1][1] = i + 1
         elif c == ";" and pile[-1][0] != "parenthese":
-            if pile[-1][0] == "code":
-                yield pile[-1][1], i + 1
+            yield *pile[-1], i + 1
             pile[-1][1] = i + 1
 
 
@@ -118,8 +117,10 @@ def conditions(m):
 
 def mutations(m):
     """(start, end, kind, edits) of each; an edit is (start, end, text), "@" standing for the number."""
-    for debut, fin in instructions(m):
-        place = omission(m, debut, fin)
+    membres = [(a, b) for genre, a, b in instructions(m)
+               if genre == "declarations" and not re.search(r"\bconst(expr)?\b|\(", m[a:b])]
+    for genre, debut, fin in instructions(m):
+        place = omission(m, debut, fin) if genre == "code" else None
         if place is not None:
             yield place, fin, "left out", [(place, place, "if (!Mutant(@)) ")]
     for debut, fin in set((f - len(m[d:f].lstrip()), d + len(m[d:f].rstrip())) for d, f in conditions(m)):
@@ -134,7 +135,10 @@ def mutations(m):
         yield debut, fin, "moved", [(debut, fin, f"{s} Compare<'{lettre}'>{{@}} {suite}")]
     for nombre in re.finditer(r"(?<![\w.'\x01])(0[xX][0-9A-Fa-f]+|\d[\d']*)(?![\w.'\x01>])", m):
         debut, fin = nombre.span()
-        if not re.search(r"\)( const)? = $", m[:debut][-12:]):  # pure virtual
+        pure = re.search(r"\)( const)? = $", m[:debut][-12:])
+        # Only a reading before it is set would show a member's first value.
+        premiere = re.search(r"(?<![.\w])\w+ = $", m[:debut][-40:]) and any(a <= debut < b for a, b in membres)
+        if not pure and not (premiere and nombre[0] in "01"):
             yield debut, fin, "moved", [(debut, fin, f"({nombre[0]} + Mutant(@))")]
 
 
