@@ -26,7 +26,7 @@ void Passer(Epreuve& E, const std::string& Nom) {
 
 /// An update in which the library's replies follow the fuzzer: up to 12 exchanges, each with its
 /// rank, its result code, its announced length and its bytes.
-void Repondre(Source Donnees, std::string Nom) {
+void Repondre(Source& Donnees, std::string Nom) {
   for (int I = 0; I < 12 && Donnees.remaining_bytes() > 0; ++I) {
     Nom += (I == 0 ? "/Echange_" : ",Echange_") + std::to_string(Donnees.ConsumeIntegralInRange(1, 16)) + ":";
     if (Donnees.ConsumeBool()) Nom += "code_" + std::to_string(Donnees.ConsumeIntegral<std::int8_t>()) + "_";
@@ -41,7 +41,7 @@ void Repondre(Source Donnees, std::string Nom) {
 }
 
 /// The reader's configuration as the library answers it: admission, decision, family.
-void Configuration(Source Donnees) {
+void Configuration(Source& Donnees) {
   const int Longueur = Donnees.ConsumeIntegralInRange(0, 4095);
   std::string Nom = "650/lecteur:trace=non,lecture_1:longueur_" + std::to_string(Longueur) + "_octets_00";
   for (const auto Octet : Donnees.ConsumeBytes<std::uint8_t>(200)) Nom += "_" + Hexadecimal(Octet);
@@ -50,7 +50,7 @@ void Configuration(Source Donnees) {
 }
 
 /// Serial bytes into the reader test, at any moment and in any pieces.
-void Liaison_Serie(Source Donnees) {
+void Liaison_Serie(Source& Donnees) {
   Epreuve E("serie-9600");
   E.Port.Repondre = [&](Vue_Octets, const std::string&) {
     for (int Morceaux = Donnees.ConsumeIntegralInRange(0, 3); Morceaux > 0; --Morceaux) {
@@ -62,7 +62,7 @@ void Liaison_Serie(Source Donnees) {
 }
 
 /// A configuration answer of the right size, whatever it holds, into the configuration window.
-void Configuration_Serie(Source Donnees) {
+void Configuration_Serie(Source& Donnees) {
   Octets Config = Reste_De(Donnees);
   const std::string_view Constructeur = "INGENICO";
   const bool Lisible = Config.size() % 8 != 0;
@@ -77,7 +77,7 @@ void Configuration_Serie(Source Donnees) {
 }
 
 /// File names into the catalogue and the selection panel, in both modes, then an update.
-void Noms(Source Donnees) {
+void Noms(Source& Donnees) {
   Epreuve E(Donnees.ConsumeBool() ? "tele/lecteur:trace=non" : "manuel/lecteur:trace=non");
   for (int I = 0; I < 40 && Donnees.remaining_bytes() > 0; ++I) {
     const std::string Debut = Donnees.PickValueInArray({"Fexa", "E", ""});
@@ -90,7 +90,7 @@ void Noms(Source Donnees) {
 }
 
 /// The settings file's text into the start-up.
-void Reglages(Source Donnees) {
+void Reglages(Source& Donnees) {
   Epreuve E("demarrage");
   E.Profil.Repertoire() = Reste_De(Donnees);
   Passer(E, "demarrage");
@@ -98,7 +98,7 @@ void Reglages(Source Donnees) {
 
 /// A journal's lines into the simulated reader that replays them: the reading, then the first call
 /// and every frame against what was read.
-void Journal(Source Donnees) {
+void Journal(Source& Donnees) {
   const std::string Texte = "Journal de Pavorin, format 1\r\n" + Donnees.ConsumeRemainingBytesAsString();
   const Scenario_Lu Lu = Lire_Scenario("rejouer = a", [&](const std::string&) { return Texte; });
   const Journal_Lu& Rejeu = *Lu.Contenu.Rejeu;
@@ -119,9 +119,9 @@ void Journal(Source Donnees) {
   for (const auto& Envoi : Rejeu.Envois) Serie.Recevoir(Envoi.Envoyes, Envoi.Vitesse);
 }
 
-const std::map<std::string_view, void (*)(Source)> Cibles = {
-    {"telechargement", [](Source Donnees) { Repondre(std::move(Donnees), "tele"); }},
-    {"chargement", [](Source Donnees) { Repondre(std::move(Donnees), "charge"); }},
+const std::map<std::string_view, void (*)(Source&)> Cibles = {
+    {"telechargement", [](Source& Donnees) { Repondre(Donnees, "tele"); }},
+    {"chargement", [](Source& Donnees) { Repondre(Donnees, "charge"); }},
     {"configuration", Configuration},
     {"liaison_serie", Liaison_Serie},
     {"configuration_serie", Configuration_Serie},
@@ -132,6 +132,7 @@ const std::map<std::string_view, void (*)(Source)> Cibles = {
 }  // namespace
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* Donnees, std::size_t Taille) {
-  Cibles.at(CIBLE)({Donnees, Taille});
+  Source Lue(Donnees, Taille);
+  Cibles.at(CIBLE)(Lue);
   return 0;
 }
