@@ -28,82 +28,60 @@ MUETS = {
     "Chargement en cours...", "Progression du chargement"}
 
 LITTERAL = r'"(?:[^"\\\n]|\\.)*"'
-SUITE = rf"(?:{LITTERAL}\s*)+"
-CODE_ET_TEXTE = re.compile(rf"\{{(-?\d+|0x[0-9A-F]+),\s*({SUITE})\}}")
+# A code and its text in a table, or a text alone.
+MESSAGE = re.compile(rf"(?:\{{(-?\d+|0x[0-9A-F]+),\s*)?((?:{LITTERAL}\s*)+)")
+# Comments, and literals that are no texts of the program.
+ECARTES = re.compile(rf"({LITTERAL})|//[^\n]*|asm volatile\(.*?\);|^\s*(?:#include|static_assert|extern)[^\n]*$",
+                     flags=re.S | re.M)
+
+
+def lire(chemin):
+    return chemin.read_text(encoding="utf-8")
 
 
 def nu(texte):
     return re.sub(r"\s+", " ", texte.replace("`", "")).strip()
 
 
-def valeur(suite):
-    morceaux = re.findall(LITTERAL, suite)
-    return re.sub(r"\\(.)", lambda m: {"n": "\n", "r": "\r", "t": "\t"}.get(m[1], m[1]),
-                  "".join(m[1:-1] for m in morceaux))
-
-
-def sans_code_muet(source):
-    source = re.sub(rf"({LITTERAL})|//[^\n]*", lambda m: m[1] or "", source)
-    source = re.sub(r"asm volatile\(.*?\);", "", source, flags=re.S)
-    return re.sub(r"^\s*(#include|static_assert|extern).*$", "", source, flags=re.M)
-
-
 def messages(source):
-    """Pairs (text, code as the operator reads it, or None)."""
-    source = sans_code_muet(source)
-    for code, suite in CODE_ET_TEXTE.findall(source):
-        yield valeur(suite), f"{int(code, 16):X}" if code.startswith("0x") else code
-    for suite in re.findall(SUITE, CODE_ET_TEXTE.sub("", source)):
-        yield valeur(suite), None
+    """Pairs (text, code as the operator reads it, or "")."""
+    for code, suite in MESSAGE.findall(ECARTES.sub(lambda m: m[1] or "", source)):
+        texte = "".join(morceau[1:-1] for morceau in re.findall(LITTERAL, suite))
+        texte = re.sub(r"\\(.)", lambda m: {"n": "\n", "r": "\r", "t": "\t"}.get(m[1], m[1]), texte)
+        yield texte, f"{int(code, 16):X}" if code.startswith("0x") else code
 
 
-def a_lire(texte):
-    return texte not in MUETS and re.search(r"[^\W\d_]{3}", texte)
-
-
-def manquants(sources, guide):
-    """Messages of the sources, and those that no entry of the guide tells."""
+def manquants(tous, guide):
+    """Messages that no entry of the guide tells."""
     entrees = [nu(ligne) for ligne in guide.splitlines() if re.match(r"#{2,} |\| ", ligne)]
-    # The words that stand inside an entry's own text are told there.
-    corps = nu(guide)
-    tous = {(t, c) for s in sources for t, c in messages(s) if a_lire(t)}
-    absents = set()
+    corps = nu(guide)  # the words that stand inside an entry's own text are told there
     for texte, code in tous:
-        if code is not None:
-            ligne = f"| {code} | {nu(texte)} |"
-            trouve = any(e.startswith(ligne) for e in entrees)
+        if code:
+            trouve = any(e.startswith(f"| {code} | {nu(texte)} |") for e in entrees)
         else:
             trouve = any(nu(texte) in e for e in entrees) or f"« {nu(texte)}" in corps
         if not trouve:
-            absents.add((texte, code))
-    return tous, absents
-
-
-def numeros(entete):
-    return re.findall(r"^inline constexpr int \w+ = (\d+);", entete, flags=re.M)
+            yield texte, code
 
 
 def main():
-    lus = [f.read_text(encoding="utf-8") for motif in SOURCES for f in sorted(RACINE.glob(motif))]
-    guide = (RACINE / "docs/guide.md").read_text(encoding="utf-8")
-    tous, absents = manquants(lus, guide)
-    fautes = [f"sans entrée dans le guide : {c or ''} {t!r}" for t, c in sorted(absents, key=str)]
-    perimes = [m for m in MUETS if not any(m in valeur(s) for f in lus
-                                            for s in re.findall(SUITE, sans_code_muet(f)))]
-    fautes += [f"texte muet absent des sources : {m!r}" for m in sorted(perimes)]
-    erreurs = numeros((RACINE / "platform/Erreur.h").read_text(encoding="utf-8"))
+    lus = {m for motif in SOURCES for f in RACINE.glob(motif) for m in messages(lire(f))}
+    guide = lire(RACINE / "docs/guide.md")
+    erreurs = re.findall(r"^inline constexpr int \w+ = (\d+);", lire(RACINE / "platform/Erreur.h"), flags=re.M)
+    tous = {(t, c) for t, c in lus if t not in MUETS and re.search(r"[^\W\d_]{3}", t)}
+    absents = set(manquants(tous, guide))
+    fautes = [f"sans entrée dans le guide : {c} {t!r}" for t, c in sorted(absents)]
+    fautes += [f"texte muet absent des sources : {m!r}" for m in sorted(MUETS - {t for t, _ in lus})]
     fautes += [f"numéro d'erreur sans ligne : {n}" for n in erreurs
                if f"\n| {n} | " not in guide.partition("### Les numéros d'erreur")[2]]
 
     # The check must fire: on a message that the guide does not know, on a code whose line is gone,
     # and on an entry that has lost its title.
-    epreuves = [(['Boite("Message que personne ne connaît");'], guide),
-                (['{{7, "Problème de mémoire"}}'], guide),
-                (lus, guide.replace("### Impossible de télécharger ce type", "Impossible de ce type")),
-                (lus, guide.replace("| 1024 | Pas de réponse", "| 1025 | Pas de réponse"))]
-    for rang, (sources, texte) in enumerate(epreuves, 1):
-        if len(manquants(sources, texte)[1] - absents) != 1:
-            fautes.append(f"l'épreuve {rang} n'est pas signalée")
+    epreuves = [({("Message que personne ne connaît", "")}, guide), ({("Problème de mémoire", "7")}, guide),
+                (tous, guide.replace("### Impossible de télécharger ce type", "Impossible de ce type")),
+                (tous, guide.replace("| 1024 | Pas de réponse", "| 1025 | Pas de réponse"))]
+    fautes += [f"l'épreuve {rang} n'est pas signalée" for rang, (textes, essai) in enumerate(epreuves, 1)
+               if len(set(manquants(textes, essai)) - absents) != 1]
     for faute in fautes:
         print(faute)
     total = len(tous) + len(MUETS) + len(erreurs) + len(epreuves)
