@@ -3,18 +3,16 @@
 
 #include <windows.h>
 
-#include <map>
-
 #include "ui/FMain.h"
+#include "windows/fenetres/Outils_Dessin.h"
 #include "windows/systeme/Texte_Windows.h"
 
-class Fenetre_Du_Systeme : Visiteur_Controles, Fenetrage {
+class Fenetre_Du_Systeme : Fenetrage {
  public:
-  /// Shown and painted, with so many entries in each list.
-  void Ouvrir(int Entrees) {
-    Entrees_ = Entrees;
+  /// Shown and painted.
+  void Ouvrir() {
     Entete();
-    for (Controle* Un : FMain_.Controles()) Un->Accueillir(*this);
+    for (const Controle* Un : FMain_.Controles()) Ajouter(*Un);
     const HWND Dialogue = CreateDialogIndirectParamW(nullptr, reinterpret_cast<const DLGTEMPLATE*>(Gabarit_.data()),
                                                      nullptr, Initialiser, reinterpret_cast<LPARAM>(this));
     ShowWindow(Dialogue, SW_SHOWNORMAL);
@@ -41,9 +39,9 @@ class Fenetre_Du_Systeme : Visiteur_Controles, Fenetrage {
   void Garnir(HWND Dialogue) {
     for (const Controle* Un : FMain_.Controles()) {
       const HWND Natif = GetDlgItem(Dialogue, Un->Numero());
-      SendMessageW(Natif, WM_SETFONT, reinterpret_cast<WPARAM>(Police(Un->Depart())), FALSE);
+      SendMessageW(Natif, WM_SETFONT, reinterpret_cast<WPARAM>(Fontes_.Normale(Un->Depart(), {})), FALSE);
       if (dynamic_cast<const Liste_Deroulante*>(Un) == nullptr) continue;
-      for (int I = 0; I < Entrees_; ++I) {
+      for (int I = 0; I < 27; ++I) {  // 26 files, and none
         SendMessageW(Natif, CB_ADDSTRING, 0, reinterpret_cast<LPARAM>(L"Fexa1000.ing"));
       }
       SendMessageW(Natif, CB_SETCURSEL, 0, 0);
@@ -60,14 +58,6 @@ class Fenetre_Du_Systeme : Visiteur_Controles, Fenetrage {
                   En_Utf16(Une->Texte()).c_str());
     }
   }
-  HFONT Police(const Conception& C) {
-    HFONT& Faite = Polices_[{C.Points, C.Gras, C.Souligne}];
-    if (Faite == nullptr) {
-      Faite = CreateFontW(-static_cast<int>(C.Points * 96 / 72), 0, 0, 0, C.Gras ? FW_BOLD : FW_NORMAL, FALSE,
-                          C.Souligne, FALSE, DEFAULT_CHARSET, 0, 0, CLEARTYPE_QUALITY, 0, L"Arial Narrow");
-    }
-    return Faite;
-  }
   void Double(DWORD Valeur) { Gabarit_.insert(Gabarit_.end(), {LOWORD(Valeur), HIWORD(Valeur)}); }
   void Ecrire(const std::string& Texte) {
     for (const wchar_t C : En_Utf16(Texte)) Gabarit_.push_back(static_cast<WORD>(C));
@@ -77,7 +67,20 @@ class Fenetre_Du_Systeme : Visiteur_Controles, Fenetrage {
   void Placer(const Position& P) {
     for (const int Twips : {P.Gauche, P.Haut, P.Largeur, P.Hauteur}) Gabarit_.push_back(static_cast<WORD>(Twips / 23));
   }
-  void Ajouter(const Controle& C, WORD Classe, DWORD Style, DWORD Etendu = 0) {
+  // The classes that a template names by number.
+  static std::pair<WORD, DWORD> Classe_Et_Style(const Controle* C) {
+    constexpr WORD Button = 0x80, Edit = 0x81, Static = 0x82, Combobox = 0x85;
+    if (dynamic_cast<const Bouton*>(C)) return {Button, BS_OWNERDRAW | WS_TABSTOP};
+    if (dynamic_cast<const Cadre*>(C)) return {Button, BS_GROUPBOX};
+    if (dynamic_cast<const Option*>(C)) return {Button, BS_RADIOBUTTON};
+    if (dynamic_cast<const Champ_Texte*>(C)) return {Edit, ES_READONLY | WS_TABSTOP};
+    if (dynamic_cast<const Liste_Deroulante*>(C)) return {Combobox, CBS_DROPDOWN | WS_VSCROLL | WS_TABSTOP};
+    if (dynamic_cast<const Etiquette*>(C)) return {Static, C->Depart().Centre ? SS_CENTER : SS_LEFT};
+    return {Static, SS_OWNERDRAW};
+  }
+  void Ajouter(const Controle& C) {
+    const auto [Classe, Style] = Classe_Et_Style(&C);
+    const DWORD Etendu = dynamic_cast<const Champ_Texte*>(&C) ? WS_EX_CLIENTEDGE : 0;
     if (Gabarit_.size() % 2 != 0) Gabarit_.push_back(0);
     for (const DWORD Un : {DWORD{0}, Etendu, Style | WS_CHILD | WS_VISIBLE}) Double(Un);
     const Position Cadre_Sien = C.Parent() == nullptr ? Position{} : C.Parent()->Place();
@@ -88,20 +91,6 @@ class Fenetre_Du_Systeme : Visiteur_Controles, Fenetrage {
     Ecrire(C.Texte());
     Gabarit_.push_back(0);
   }
-  // The classes that a template names by number.
-  static constexpr WORD Button = 0x80, Edit = 0x81, Static = 0x82, Combobox = 0x85;
-  void Visiter(Bouton& C) override { Ajouter(C, Button, BS_OWNERDRAW | WS_TABSTOP); }
-  void Visiter(Cadre& C) override { Ajouter(C, Button, BS_GROUPBOX); }
-  void Visiter(Champ_Texte& C) override { Ajouter(C, Edit, ES_READONLY | WS_TABSTOP, WS_EX_CLIENTEDGE); }
-  void Visiter(Etiquette& C) override { Ajouter(C, Static, C.Depart().Centre ? SS_CENTER : SS_LEFT); }
-  void Visiter(Image& C) override { Ajouter(C, Static, SS_OWNERDRAW); }
-  void Visiter(Liste_Deroulante& C) override { Ajouter(C, Combobox, CBS_DROPDOWN | WS_VSCROLL | WS_TABSTOP); }
-  void Visiter(Option& C) override { Ajouter(C, Button, BS_RADIOBUTTON); }
-  void Visiter(Trait& C) override { Ajouter(C, Static, SS_OWNERDRAW); }
-  // Not in the main window.
-  void Visiter(Barre_Progression&) override {}
-  void Visiter(Liste_Lecteurs&) override {}
-  void Visiter(Liste_Repertoires&) override {}
   // The model is asked what it holds, and never shown.
   Pair_Fenetre* Creer(Fenetre&) override { return nullptr; }
   Reponse Boite_Message(std::string_view, Boutons, Icone, std::string_view) override { return Reponse::Ok; }
@@ -109,8 +98,7 @@ class Fenetre_Du_Systeme : Visiteur_Controles, Fenetrage {
   void Tenir_Eveille(bool) override {}
   [[noreturn]] void Quitter() override { ExitProcess(1); }
 
-  int Entrees_ = 0;
   std::vector<WORD> Gabarit_;
-  std::map<std::tuple<double, bool, bool>, HFONT> Polices_;
+  Polices Fontes_{L"Arial Narrow"};
   Fenetre_Principale FMain_{*this};
 };

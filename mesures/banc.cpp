@@ -1,7 +1,7 @@
 // Every measure of the program itself, one line each: what, figure, target, met or short. Runs in the Windows
 // session, beside the program, under Wine:
 //   banc STAGES...             ligne_galss, depart, attentes, memoire, serie; all unless named
-//   banc systeme ENTREES       the main window as the system makes one, against which the start is measured
+//   banc systeme               the main window as the system makes one, against which the start is measured
 
 #include <fstream>
 #include <functional>
@@ -46,30 +46,41 @@ struct Banc : Poste {
     for (double& Un : Lus) Texte >> Un;
     return Lus;
   }
-  /// Kilobytes that belong to the program alone, as the system under Wine counts them.
-  double Prives() const {
-    wchar_t Prefixe[600] = L"";
-    GetEnvironmentVariableW(L"PAVORIN_PREFIXE", Prefixe, 600);
+  /// What the system under Wine tells of the program.
+  std::istringstream Compte(const char* Fichier) const {
+    const std::string Le_Notre = "PAVORIN_PREFIXE=" + Variable(L"PAVORIN_PREFIXE") + '\0';
     for (const auto& Processus : fs::directory_iterator("Z:\\proc")) {
-      if (Lire(Processus.path() / "cmdline").find("\\Pavorin.exe") == std::string::npos ||
-          Lire(Processus.path() / "environ").find("PAVORIN_PREFIXE=" + En_Utf8(Prefixe) + '\0') == std::string::npos)
-        continue;
-      std::istringstream Lignes(Lire(Processus.path() / "smaps_rollup"));
-      double Total = 0;
-      for (std::string Mot; Lignes >> Mot;) {
-        double Ko = 0;
-        if (Mot.starts_with("Private_") && Lignes >> Ko) Total += Ko;
-      }
-      return Total;
+      const bool Pavorin = Lire(Processus.path() / "cmdline").find("\\Pavorin.exe") != std::string::npos;
+      if (Pavorin && Lire(Processus.path() / "environ").find(Le_Notre) != std::string::npos)
+        return std::istringstream(Lire(Processus.path() / Fichier));
     }
     throw Pas_Venu("le programme ne tourne pas");
   }
+  /// Kilobytes that belong to the program alone.
+  double Prives() const {
+    auto Lignes = Compte("smaps_rollup");
+    double Total = 0, Ko = 0;
+    for (std::string Mot; Lignes >> Mot;) {
+      if (Mot.starts_with("Private_") && Lignes >> Ko) Total += Ko;
+    }
+    return Total;
+  }
+  /// Hundredths of a second of a processor that the program has taken: two fields, the twelfth after its name.
+  double Centiemes() const {
+    auto Champs = Compte("stat");
+    double Lui = 0, Systeme = 0;
+    std::string Champ;
+    std::getline(Champs, Champ, ')');
+    for (int I = 0; I < 11; ++I) Champs >> Champ;
+    Champs >> Lui >> Systeme;
+    return Lui + Systeme;
+  }
   /// Percent of one processor that the program takes.
   double Processeur(double Secondes) const {
-    const double Avant = Secondes_De_Processeur();
+    const double Avant = Centiemes();
     const auto Debut = Horloge::now();
     Sleep(static_cast<DWORD>(Secondes * 1000));
-    return (Secondes_De_Processeur() - Avant) / Millisecondes(Horloge::now() - Debut).count() * 1e5;
+    return (Centiemes() - Avant) / Millisecondes(Horloge::now() - Debut).count() * 1e3;
   }
   /// The longest of so many answers of the main window, in milliseconds.
   double Reponse(int Fois) const {
@@ -166,7 +177,7 @@ void Depart(Banc& B) {
   }
   const std::string Cent_Mille =
       En_Utf8((Poste::Programmes().parent_path() / "mesures/pavorin-mesure-100000").make_preferred().wstring());
-  const std::string Temoin = Entre_Guillemets(Poste::Programmes() / "banc.exe") + " systeme 27";
+  const std::string Temoin = Entre_Guillemets(Poste::Programmes() / "banc.exe") + " systeme";
   const std::map<std::string, std::optional<std::string>> Cas = {
       {"system", {}}, {"26 files", {}}, {"absent", "C:\\Absent"}, {"100 000", Cent_Mille}};
   std::map<std::string, Releves> Visibles, Prets;
@@ -248,10 +259,9 @@ void Serie(Banc& B) {
   });
 }
 
-int Montrer_Fenetre_Du_Systeme(int Entrees) {
-  SetProcessDPIAware();
+int Montrer_Fenetre_Du_Systeme() {
   Fenetre_Du_Systeme Fenetre_Temoin;
-  Fenetre_Temoin.Ouvrir(Entrees);
+  Fenetre_Temoin.Ouvrir();
   for (MSG Message; GetMessageW(&Message, nullptr, 0, 0) > 0;) DispatchMessageW(&Message);
   return 0;
 }
@@ -260,9 +270,7 @@ int Montrer_Fenetre_Du_Systeme(int Entrees) {
 
 int main(int Nombre, char** Arguments) try {
   const std::vector<std::string> Voulues(Arguments + 1, Arguments + Nombre);
-  if (Nombre == 3 && Voulues[0] == "systeme") return Montrer_Fenetre_Du_Systeme(std::stoi(Voulues[1]));
-  SetConsoleOutputCP(CP_UTF8);
-  SetProcessDPIAware();
+  if (std::ranges::count(Voulues, "systeme") > 0) return Montrer_Fenetre_Du_Systeme();
   Banc B;
   const std::pair<const char*, void (*)(Banc&)> Etapes[] = {
       {"ligne_galss", Ligne_Galss}, {"depart", Depart}, {"attentes", Attentes}, {"memoire", Memoire}, {"serie", Serie}};

@@ -3,48 +3,32 @@
 
 #include <gtest/gtest.h>
 
-#include <algorithm>
-#include <cstdlib>
-
 #include "tests/bout_en_bout/Poste.h"
 
 inline const std::string Entete = "PROCEDURE DE CHARGEMENT\n=========================\nConnexion en cours ... \n";
-inline const std::string Terminal = "i OK : Impossible de télécharger ce type de terminal !";
-inline const std::string Confirmation = "? Oui Non : Confirmez-vous la mise à jour du ou des fichiers ci-dessous :\r\n";
+inline const std::string Terminal = "OK : Impossible de télécharger ce type de terminal !";
+inline const std::string Confirmation = "Oui Non : Confirmez-vous la mise à jour du ou des fichiers ci-dessous :\r\n";
+inline const std::string Les_Deux = Noyau + "\n\r" + Appli + "\n\r";
 
+/// Accents and blanks are in every path.
 class Cas : public testing::Test, protected Poste {
-  /// Accents and blanks are in every path; the same test may run on several screens at once.
-  static std::string Nom_Du_Test() {
-    std::string Nom = testing::UnitTest::GetInstance()->current_test_info()->name();
-    for (const char* Ecran : {"PAVORIN_DPI", "PAVORIN_POLICE"})
-      if (const char* const Reglage = std::getenv(Ecran)) Nom += std::string(" ") + Reglage;
-    std::ranges::replace(Nom, '/', ' ');
-    return Nom;
-  }
-
  protected:
-  Cas() : Poste(Programmes() / Chemin("Vérification à l'écran") / Nom_Du_Test()) {}
+  Cas()
+      : Poste(Programmes() / Chemin("Vérification à l'écran") /
+              testing::UnitTest::GetInstance()->current_test_info()->name()) {}
 
   void TearDown() override {
     if (!HasFailure()) return;
-    ::Photographier({0, 0, GetSystemMetrics(SM_CXSCREEN), GetSystemMetrics(SM_CYSCREEN)}, Dossier / "echec.png");
+    Photographier({GetDesktopWindow()}, Dossier / "echec.png");
     const std::string Dernieres = Trace();
-    ADD_FAILURE() << Etape << "\nVolet :\n"
+    ADD_FAILURE() << "Volet :\n"
                   << (FMain ? Volet() : "") << "\nLecteur :\n"
                   << Dernieres.substr(Dernieres.size() - std::min<std::size_t>(1500, Dernieres.size()));
   }
 
-  /// Which of its cases a test is at, told with a failure.
-  std::string Etape;
-
   /// The box holds exactly that, and the main window waits for its answer.
   void Repondre(std::string_view Titre, const std::string& Tout, std::string_view Bouton = "OK") {
-    Boite_Vue Ouverte = Boite(Titre);
-    // Looked at while it is painted, the icon is taken for another.
-    for (int Essai = 0; Ouverte.Tout != Tout && Essai < 40; ++Essai) {
-      Sleep(50);
-      Ouverte = Boite(Titre);
-    }
+    const Boite_Vue Ouverte = Boite(Titre);
     EXPECT_EQ(Ouverte.Tout, Tout);
     EXPECT_FALSE(FMain.Actif());
     Ouverte.Repondre(Bouton);
@@ -58,22 +42,22 @@ class Cas : public testing::Test, protected Poste {
   /// The reader's record: these files, and no fault of the program.
   void Juger(const std::vector<std::string>& Voulus) {
     Attendre("fichiers reçus", [&] { return Recus().size() >= Voulus.size(); });
-    const auto Lus = Recus();
-    ASSERT_EQ(Lus.size(), Voulus.size());
-    for (std::size_t I = 0; I < Lus.size(); ++I) EXPECT_TRUE(Lus[I] == Voulus[I]) << I << ": " << Lus[I].size();
-    EXPECT_EQ(Trace().find("FAUTE"), std::string::npos);
-    EXPECT_EQ(Trace().find("SCENARIO: ligne"), std::string::npos);
+    EXPECT_TRUE(Recus() == Voulus);
+    for (const char* Faute : {"FAUTE", "SCENARIO: ligne"}) EXPECT_EQ(Trace().find(Faute), std::string::npos);
   }
 
   /// By a start with "/journal".
   fs::path Journal_Ecrit() const {
-    const fs::directory_iterator Tous(Dossier);
-    const auto Lui = std::find_if(begin(Tous), end(Tous), [](const auto& F) {
-      return F.path().extension() == ".journal" && F.path().filename().string().starts_with("Pavorin-");
-    });
-    return Lui == end(Tous) ? throw Pas_Venu("journal") : Lui->path();
+    for (const auto& Fichier : fs::directory_iterator(Dossier)) {
+      if (Fichier.path().extension() == ".journal") return Fichier.path();
+    }
+    throw Pas_Venu("journal");
   }
 
+  void Quitter() {
+    FMain["CmdQuitter"].Cliquer();
+    EXPECT_EQ(Attendre_Fin(), 0U);
+  }
   void Verifier_Utilisable() {
     Attendre("fenêtre principale active", [&] { return FMain.Actif() && FMain["CmdQuitter"].Actif(); });
   }

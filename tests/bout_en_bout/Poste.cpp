@@ -1,6 +1,5 @@
 #include "tests/bout_en_bout/Poste.h"
 
-#include <algorithm>
 #include <fstream>
 #include <regex>
 #include <sstream>
@@ -9,34 +8,10 @@
 
 namespace {
 
-std::string Variable(const wchar_t* Nom) {
-  std::wstring Valeur(32767, L'\0');
-  Valeur.resize(GetEnvironmentVariableW(Nom, Valeur.data(), static_cast<DWORD>(Valeur.size())));
-  return En_Utf8(Valeur);
-}
-
 // What Wine's host says in its environment: paths of the Linux system, which it shows as drive Z:.
 const std::string Prefixe = Variable(L"PAVORIN_PREFIXE");
 fs::path Vu_De_Windows(const std::string& Chemin_Linux) {
   return Chemin("Z:" + Chemin_Linux).make_preferred();
-}
-
-// The standard library's own does not go deeper than 260 characters.
-void Effacer(const std::wstring& Quoi) {
-  WIN32_FIND_DATAW Entree;
-  const HANDLE Recherche = FindFirstFileW((Quoi + L"\\*").c_str(), &Entree);
-  for (BOOL Suite = Recherche != INVALID_HANDLE_VALUE; Suite; Suite = FindNextFileW(Recherche, &Entree)) {
-    const std::wstring Nom = Entree.cFileName, Chemin_Entier = Quoi + L"\\" + Nom;
-    if (Nom == L"." || Nom == L"..") continue;
-    Entree.dwFileAttributes& FILE_ATTRIBUTE_DIRECTORY ? Effacer(Chemin_Entier)
-                                                      : void(DeleteFileW(Chemin_Entier.c_str()));
-  }
-  FindClose(Recherche);
-  RemoveDirectoryW(Quoi.c_str());
-}
-
-double Secondes(const FILETIME& Duree) {
-  return static_cast<double>(static_cast<std::uint64_t>(Duree.dwHighDateTime) << 32 | Duree.dwLowDateTime) * 1e-7;
 }
 
 }  // namespace
@@ -50,9 +25,8 @@ const Fichiers Petits = {{Noyau, Contenu("NOYAU", 5000)}, {Appli, Contenu("APPLI
 
 std::string Contenu(std::string_view Texte, std::size_t Taille) {
   std::string Lignes;
-  for (int I = 0; Lignes.size() < Taille; ++I) {
-    const std::string Rang = std::to_string(I);
-    Lignes.append(Texte).append(" ").append(6 - std::min<std::size_t>(6, Rang.size()), '0').append(Rang).append("\r\n");
+  for (int Rang = 100'000; Lignes.size() < Taille; ++Rang) {
+    Lignes.append(Texte).append(" ").append(std::to_string(Rang)).append("\r\n");
   }
   Lignes.resize(Taille);
   return Lignes;
@@ -76,45 +50,41 @@ std::string Entre_Guillemets(const fs::path& Fichier) {
   return '"' + En_Utf8(Fichier.wstring()) + '"';
 }
 
+std::string Variable(const wchar_t* Nom) {
+  const wchar_t* const Valeur = _wgetenv(Nom);
+  return Valeur == nullptr ? "" : En_Utf8(Valeur);
+}
+
 fs::path Poste::Programmes() {
   return Repertoire_Executable();
 }
 
-std::string Poste::Sans_Ligne_Serie() {
-  return Prefixe.empty() ? "no simulated serial line on a real Windows PC: it takes a pseudo-terminal" : "";
-}
-
 void Poste::Lancer(const Installation& Voulue) {
   Programme.Tuer();
-  Effacer(L"\\\\?\\" + Dossier.wstring());
+  fs::remove_all(Dossier);
   fs::create_directories(Dossier / "Logiciels");
   fs::copy_file(Programmes() / (Voulue.Gardee ? "Pavorin_Garde.exe" : "Pavorin.exe"), Dossier / "Pavorin.exe");
-  if (!Voulue.Bibliotheque) {
-    fs::copy_file(Programmes() / "simulateur/Galclw32.dll", Dossier / "Galclw32.dll");
-  } else if (!Voulue.Bibliotheque->empty()) {
-    Ecrire(Dossier / "Galclw32.dll", *Voulue.Bibliotheque);
-  }
+  fs::copy_file(Programmes() / "simulateur/Galclw32.dll", Dossier / "Galclw32.dll");
+  if (Voulue.Bibliotheque) Ecrire(Dossier / "Galclw32.dll", *Voulue.Bibliotheque);
   for (const auto& [Nom, Texte] : Voulue.Logiciels) Ecrire(Dossier / "Logiciels" / Chemin(Nom), Texte);
   Donner_Scenario(Voulue.Scenario);
-  const std::wstring Repertoire = Voulue.Repertoire ? En_Utf16(*Voulue.Repertoire) : (Dossier / "Logiciels").wstring();
+  const fs::path Repertoire = Voulue.Repertoire ? Chemin(*Voulue.Repertoire) : Dossier / "Logiciels";
   WritePrivateProfileStringW(L"INIT_REPERTOIRE", L"REP", Repertoire.c_str(), (Dossier / "telech.ini").c_str());
-  Relancer(Voulue.Arguments, Voulue.Courant);
+  Relancer(Voulue.Arguments);
 }
 
-// In a directory of its own for each start: a journal is named by the second.
-std::string Poste::Journal_Demande(const std::string& Arguments) const {
+void Poste::Relancer(const std::string& Arguments) {
   static int Rang = 0;
-  const std::string Journaux = Variable(L"PAVORIN_JOURNAUX");
-  if (Journaux.empty() || Arguments.find("/journal") != std::string::npos) return "";
-  const fs::path Le_Sien = Chemin(Journaux) / Dossier.filename() / std::to_string(++Rang);
-  fs::create_directories(Le_Sien);
-  return " /journal:" + Entre_Guillemets(Le_Sien);
-}
-
-void Poste::Relancer(const std::string& Arguments, bool Courant) {
   Programme.Tuer();
-  Programme.Lancer(Entre_Guillemets(Dossier / "Pavorin.exe") + " " + Arguments + Journal_Demande(Arguments),
-                   Courant ? Dossier : fs::path("C:\\"));
+  std::string Commande = Entre_Guillemets(Dossier / "Pavorin.exe") + " " + Arguments;
+  const std::string Journaux = Variable(L"PAVORIN_JOURNAUX");
+  if (!Journaux.empty() && Arguments.find("/journal") == std::string::npos) {
+    // In a directory of its own for each start: a journal is named by the second.
+    const fs::path Le_Sien = Chemin(Journaux) / Dossier.filename() / std::to_string(++Rang);
+    fs::create_directories(Le_Sien);
+    Commande += " /journal:" + Entre_Guillemets(Le_Sien);
+  }
+  Programme.Lancer(Commande, Dossier.parent_path());
   FMain = Fenetre("FMain");
 }
 
@@ -123,14 +93,12 @@ void Poste::Donner_Scenario(const std::string& Texte) const {
   Ecrire(Dossier / "scenario.txt", Pret.empty() ? Texte : Pret);
 }
 
-Fenetre_Vue Poste::Fenetre(std::string_view Nom, double Secondes) const {
-  return Attendre(
-      "fenêtre " + std::string(Nom), [&] { return Programme.Fenetre(Nom); }, Secondes);
+Fenetre_Vue Poste::Fenetre(std::string_view Nom) const {
+  return Attendre("fenêtre " + std::string(Nom), [&] { return Programme.Fenetre(Nom); });
 }
 
-void Poste::Attendre_Absence(std::string_view Nom, double Secondes) const {
-  Attendre(
-      "fermeture de " + std::string(Nom), [&] { return !Programme.Fenetre(Nom); }, Secondes);
+void Poste::Attendre_Absence(std::string_view Nom) const {
+  Attendre("fermeture de " + std::string(Nom), [&] { return !Programme.Fenetre(Nom); });
 }
 
 Boite_Vue Poste::Boite(std::string_view Titre) const {
@@ -142,73 +110,35 @@ DWORD Poste::Attendre_Fin() const {
 }
 
 std::string Poste::Volet() const {
-  std::string Lu;
-  for (const char C : FMain["TxtDetails"].Texte()) {
-    if (C != '\r') Lu += C;
-  }
-  static const std::regex Heure("\t\\d\\d?[:.h]\\d\\d[^\n]*\n");
-  return std::regex_replace(Lu, Heure, "\tHH\n");
+  static const std::regex Retour("\r"), Heure("\t\\d\\d?[:.h]\\d\\d[^\n]*\n");
+  return std::regex_replace(std::regex_replace(FMain["TxtDetails"].Texte(), Retour, ""), Heure, "\tHH\n");
 }
 
-void Poste::Attendre_Volet(std::string_view Fin, double Secondes) const {
-  Attendre(
-      "fin du volet : " + std::string(Fin), [&] { return Volet().ends_with(Fin); }, Secondes);
+void Poste::Attendre_Volet(std::string_view Fin) const {
+  Attendre("fin du volet : " + std::string(Fin), [&] { return Volet().ends_with(Fin); });
 }
 
 void Poste::Demander_Mise_A_Jour() const {
   Attendre("« Mise à jour » actif", [&] { return FMain["CmdMaj"].Cliquer(); });
 }
 
-void Poste::Choisir_Dossier(const std::vector<std::string>& Sous_Dossiers) const {
+Fenetre_Vue Poste::Ouvrir_Dossier(const std::vector<std::string>& Sous_Dossiers) const {
   FMain["CmdChooseDirectory"].Cliquer();
   const Fenetre_Vue Dialogue = Fenetre("FDossierING");
-  const Objet_Vu Liste = Dialogue["DirDirectory"];
+  Dialogue["DirDirectory"].Ouvrir_Ligne(En_Utf8(Dossier.filename().wstring()));
   for (const std::string& Nom : Sous_Dossiers) {
     if (Dialogue["CmdOK"].Actif()) throw Pas_Venu("OK inactif avant " + Nom);
-    Attendre(Nom, [&] {
-      const auto Lignes = Liste.Entrees();
-      return std::find(Lignes.begin(), Lignes.end(), Nom) != Lignes.end();
-    });
-    Liste.Ouvrir_Ligne(Nom);
+    Dialogue["DirDirectory"].Ouvrir_Ligne(Nom);
   }
-  Attendre("OK actif", [&] { return Dialogue["CmdOK"].Cliquer(); });
-  Attendre_Absence("FDossierING");
+  Attendre("OK actif", [&] { return Dialogue["CmdOK"].Actif(); });
+  return Dialogue;
 }
 
 void Poste::Choisir_Manuellement(const std::string& Application) const {
   FMain["OptManuel"].Cliquer();
   Boite("Télécharger").Repondre();
-  for (const char* Liste : {"CchooseNoyau", "CchosseAppli"}) {
-    Attendre("dernières entrées", [&] { return FMain[Liste].Texte() == "Pas de mise à jour"; });
-  }
-  if (!Application.empty()) FMain["CchosseAppli"].Choisir(Application);
-}
-
-void Poste::Photographier(const Objet_Vu& Quoi, const fs::path& Fichier) const {
-  RECT Ici{};
-  GetWindowRect(Quoi.Poignee, &Ici);
-  fs::create_directories(fs::absolute(Fichier).parent_path());
-  ::Photographier(Ici, Fichier);
-}
-
-// Wine knows the times of the process that asks alone: the Linux system is asked, in hundredths of a second.
-double Poste::Secondes_De_Processeur() const {
-  FILETIME Debut{}, Fin{}, Noyau_Systeme{}, Programme_Meme{};
-  GetProcessTimes(Programme.Processus(), &Debut, &Fin, &Noyau_Systeme, &Programme_Meme);
-  if (Prefixe.empty()) return Secondes(Noyau_Systeme) + Secondes(Programme_Meme);
-  for (const auto& Processus : fs::directory_iterator("Z:\\proc")) {
-    if (Lire(Processus.path() / "cmdline").find("\\Pavorin.exe") == std::string::npos ||
-        Lire(Processus.path() / "environ").find("PAVORIN_PREFIXE=" + Prefixe + '\0') == std::string::npos)
-      continue;
-    const std::string Etat = Lire(Processus.path() / "stat");
-    std::istringstream Champs(Etat.substr(Etat.rfind(')') + 1));
-    std::string Champ;
-    for (int I = 0; I < 11; ++I) Champs >> Champ;
-    double Lui = 0, Systeme = 0;
-    Champs >> Lui >> Systeme;
-    return (Lui + Systeme) / 100;
-  }
-  throw Pas_Venu("le programme ne tourne pas");
+  Attendre("dernière entrée", [&] { return FMain["CchosseAppli"].Texte() == "Pas de mise à jour"; });
+  FMain["CchosseAppli"].Choisir(Application);
 }
 
 std::vector<std::string> Poste::Recus() const {
@@ -218,6 +148,10 @@ std::vector<std::string> Poste::Recus() const {
     if (!fs::exists(Fichier)) return Tous;
     Tous.push_back(Lire(Fichier));
   }
+}
+
+bool Poste::Ligne_Serie() {
+  return !Prefixe.empty();
 }
 
 // The reader looks at its scenario again as soon as its text changes, and says so in its own record.

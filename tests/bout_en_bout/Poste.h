@@ -21,6 +21,8 @@ void Ecrire(const fs::path& Fichier, std::string_view Texte);
 /// Of UTF-8 text, and back for a command line.
 fs::path Chemin(std::string_view Texte);
 std::string Entre_Guillemets(const fs::path& Fichier);
+/// Empty when the environment has none.
+std::string Variable(const wchar_t* Nom);
 
 inline const std::string Noyau = "Fexa0400.ing", Appli = "ELITER0210.ing";
 /// As large as real ones.
@@ -33,8 +35,7 @@ struct Installation {
   Fichiers Logiciels = Petits;
   std::string Arguments = "";
   std::optional<std::string> Repertoire = {};    ///< remembered; the folder of the software files unless given
-  std::optional<std::string> Bibliotheque = {};  ///< other content for Galclw32.dll, empty for none
-  bool Courant = false;                          ///< started from its own directory, and not from elsewhere
+  std::optional<std::string> Bibliotheque = {};  ///< other content for Galclw32.dll
   bool Gardee = false;  ///< the build whose buffers lent to the library end at a forbidden page
 };
 
@@ -42,8 +43,6 @@ class Poste {
  public:
   /// Where the test's program lies.
   static fs::path Programmes();
-  /// Why the serial line cannot be had; empty when it can.
-  static std::string Sans_Ligne_Serie();
 
   explicit Poste(fs::path Ou) : Dossier(std::move(Ou)) {}
   ~Poste() { Programme.Tuer(); }
@@ -52,30 +51,29 @@ class Poste {
 
   /// Ends the program and starts it anew as told, up to its main window.
   void Lancer(const Installation& Voulue = {});
-  /// The same without touching its directory.
-  void Relancer(const std::string& Arguments = "", bool Courant = false);
+  /// The same without touching its directory. The current directory is the one above.
+  void Relancer(const std::string& Arguments = "");
   void Donner_Scenario(const std::string& Texte) const;
-  Fenetre_Vue Fenetre(std::string_view Nom, double Secondes = 20) const;
-  void Attendre_Absence(std::string_view Nom, double Secondes = 20) const;
+  Fenetre_Vue Fenetre(std::string_view Nom) const;
+  void Attendre_Absence(std::string_view Nom) const;
   Boite_Vue Boite(std::string_view Titre) const;
   DWORD Attendre_Fin() const;
 
   /// The details pane: lines ended by LF, times of day as HH.
   std::string Volet() const;
-  void Attendre_Volet(std::string_view Fin, double Secondes = 20) const;
+  void Attendre_Volet(std::string_view Fin) const;
   void Demander_Mise_A_Jour() const;
-  /// Another directory, one folder after the other.
-  void Choisir_Dossier(const std::vector<std::string>& Sous_Dossiers) const;
-  /// Manual mode with that application, or nothing.
+  /// Opens the dialog, then one folder after the other from the program's own.
+  Fenetre_Vue Ouvrir_Dossier(const std::vector<std::string>& Sous_Dossiers) const;
+  /// Manual mode with that application.
   void Choisir_Manuellement(const std::string& Application) const;
-  void Photographier(const Objet_Vu& Quoi, const fs::path& Fichier) const;
-  /// Processor time that the program has taken.
-  double Secondes_De_Processeur() const;
 
   std::string Trace() const { return Lire(Dossier / "trace.txt"); }
   /// The files as the reader received them, in order.
   std::vector<std::string> Recus() const;
 
+  /// A pseudo-terminal in the place of COM1 takes Wine.
+  static bool Ligne_Serie();
   /// The serial reader behind COM1, plugged in (or out) with this scenario.
   void Brancher_Serie(const std::string& Scenario) const;
   std::string Journal_Serie() const;
@@ -83,8 +81,4 @@ class Poste {
   fs::path Dossier;
   Programme_Lance Programme;
   Fenetre_Vue FMain;
-
- private:
-  /// What makes a start keep its journal under the directory named by PAVORIN_JOURNAUX.
-  std::string Journal_Demande(const std::string& Arguments) const;
 };

@@ -1,11 +1,9 @@
 #pragma once
 // An operator's eyes and hands on the Windows desktop: the windows of a program that runs in another process, what
-// they show, real keys and clicks, pictures, and what a process uses up. Texts are UTF-8, places are pixels. No call
-// waits for a program that is busy.
+// they show, real keys, pictures. Texts are UTF-8. No call waits for a program that is busy.
 
 #include <chrono>
 #include <filesystem>
-#include <initializer_list>
 #include <optional>
 #include <stdexcept>
 #include <string>
@@ -19,9 +17,9 @@ struct Pas_Venu : std::runtime_error {
   using std::runtime_error::runtime_error;
 };
 
-/// What Condition gives as soon as it is true; raises Pas_Venu after so many seconds.
+/// What Condition gives as soon as it is true; raises Pas_Venu after so many seconds, many for a PC that is busy.
 template <class Question>
-auto Attendre(const std::string& Quoi, Question Condition, double Secondes = 20) {
+auto Attendre(const std::string& Quoi, Question Condition, double Secondes = 60) {
   const auto Maintenant = [] { return std::chrono::steady_clock::now(); };
   const auto Limite = Maintenant() + std::chrono::duration<double>(Secondes);
   while (true) {
@@ -38,12 +36,9 @@ struct Objet_Vu {
   explicit operator bool() const { return Poignee != nullptr; }
   bool Visible() const { return IsWindowVisible(Poignee) != 0; }
   bool Actif() const { return IsWindowEnabled(Poignee) != 0; }
-  bool Foyer() const;
   std::string Classe() const;
   /// "?" when the program does not answer.
   std::string Texte() const;
-  /// Of the screen for a window, of its window's client area for a control.
-  RECT Place() const;
   /// Everything inside.
   std::vector<Objet_Vu> Enfants() const;
   /// Raises Pas_Venu when the program does not answer.
@@ -51,12 +46,13 @@ struct Objet_Vu {
   void Poster(UINT Message, WPARAM W = 0, LPARAM L = 0) const { PostMessageW(Poignee, Message, W, L); }
   /// False when an operator could not have clicked: hidden, disabled, or within a disabled window.
   bool Cliquer() const;
-  /// The text entries of a list of either kind.
-  std::vector<std::string> Entrees() const;
-  /// Chooses in a drop-down list.
+  /// Chooses in a drop-down list, once it has that entry.
   void Choisir(const std::string& Entree) const;
-  /// Opens a line of a directory list with the Enter key.
+  /// Opens a line of a directory list with the Enter key, once it is there.
   void Ouvrir_Ligne(const std::string& Entree) const;
+
+ private:
+  WPARAM Rang_De(const std::string& Entree, UINT Recherche) const;
 };
 
 /// A window of the program, whose controls go by the names of its tables.
@@ -71,22 +67,14 @@ struct Fenetre_Vue : Objet_Vu {
 };
 
 struct Boite_Vue : Objet_Vu {
-  /// Icon ("i", "?", "!" or "x"), buttons and text in one, for example "? Oui Non : Confirmez-vous...".
+  Boite_Vue() = default;
+  explicit Boite_Vue(Objet_Vu Boite);
+  /// Its buttons and its text in one, for example "Oui Non : Confirmez-vous...".
   std::string Tout;
+  Objet_Vu Dessin;
   /// Presses "OK", "Oui" or "Non" and waits until the box is gone.
   void Repondre(std::string_view Bouton = "OK") const;
 };
-
-/// What a process holds, to be compared before and after.
-struct Consommation {
-  DWORD Poignees = 0;
-  DWORD Gdi = 0;          ///< GDI objects
-  DWORD Fenetres = 0;     ///< windows and controls, hidden ones too
-  DWORD User_Libres = 0;  ///< USER handles that the whole session can still create
-};
-
-/// Of a process opened with the right to query and to read it.
-Consommation Mesurer(HANDLE Processus);
 
 class Programme_Lance {
  public:
@@ -106,14 +94,7 @@ class Programme_Lance {
   Poignee Processus_;
 };
 
-/// Output in UTF-8, places in real pixels. Before anything else.
-void Preparer_Session();
-
 /// Presses a real key, or releases it (KEYEVENTF_KEYUP).
 void Toucher(WORD Touche, DWORD Sens);
-/// A real key with those held down before it, into the window in front.
-void Taper(std::initializer_list<WORD> Touches);
-void Cliquer_Souris(POINT Ecran);
-std::string Presse_Papiers();
 /// A picture of that part of the screen, as a PNG file.
-void Photographier(const RECT& Partie, const std::filesystem::path& Fichier);
+void Photographier(const Objet_Vu& Quoi, const std::filesystem::path& Fichier);

@@ -17,7 +17,7 @@ class Demonstration : Poste {
   Demonstration() : Poste("C:\\Pavorin") {}
 
   void Ouvrir() {
-    if (Sans_Ligne_Serie().empty()) Brancher_Serie("vitesses = 9600, 19200");
+    if (Ligne_Serie()) Brancher_Serie("vitesses = 9600, 19200");
     Lancer({.Scenario = Lecteur, .Logiciels = Grands});
     std::cout << "Pavorin est ouvert, avec un lecteur simulé ; fermez sa fenêtre pour finir." << std::endl;
     WaitForSingleObject(Programme.Processus(), INFINITE);
@@ -26,8 +26,8 @@ class Demonstration : Poste {
   void Jouer(const fs::path& Images) {
     Images_ = Images;
     fs::remove_all(Images_);
-    Lancer({.Scenario = Lecteur, .Logiciels = Grands, .Repertoire = "C:\\Pavorin", .Courant = true});
-    Choisir_Dossier();
+    Lancer({.Scenario = Lecteur, .Logiciels = Grands, .Repertoire = "C:\\Pavorin"});
+    Choisir_Le_Repertoire();
     Montrer_Message_Manuel();
     Mettre_A_Jour();
     Montrer_Echec();
@@ -43,12 +43,8 @@ class Demonstration : Poste {
     std::cout << "  image : " << Nom << ".png" << std::endl;
   }
 
-  void Choisir_Dossier() const {
-    std::cout << "Choix du répertoire" << std::endl;
-    FMain["CmdChooseDirectory"].Cliquer();
-    const Fenetre_Vue Dialogue = Fenetre("FDossierING");
-    Dialogue["DirDirectory"].Ouvrir_Ligne("Logiciels");
-    Attendre("OK actif", [&] { return Dialogue["CmdOK"].Actif(); });
+  void Choisir_Le_Repertoire() const {
+    const Fenetre_Vue Dialogue = Ouvrir_Dossier({"Logiciels"});
     Photo("dossier", Dialogue);
     Dialogue["CmdOK"].Cliquer();
     Attendre_Absence("FDossierING");
@@ -57,7 +53,6 @@ class Demonstration : Poste {
   }
 
   void Montrer_Message_Manuel() const {
-    std::cout << "Mode manuel" << std::endl;
     FMain["OptManuel"].Cliquer();
     const Boite_Vue Message = Boite("Télécharger");
     Photo("message-manuel", Message);
@@ -68,28 +63,27 @@ class Demonstration : Poste {
     FMain["OptAuto"].Cliquer();
   }
 
-  Fenetre_Vue Lancer_Chargement(const std::string& Image = "") const {
+  Boite_Vue Demander() const {
     Demander_Mise_A_Jour();
-    const Boite_Vue Question = Boite("TELECHARGER");
-    if (!Image.empty()) Photo(Image, Question);
-    Question.Repondre("Oui");
-    return Fenetre("FrmAnimCharg", 60);
+    return Boite("TELECHARGER");
   }
 
-  void Verdict(const Fenetre_Vue& Progression, const std::string& Texte, const std::string& Image) const {
-    Attendre(
-        Texte, [&] { return Progression["LblTitre"].Texte() == Texte; }, 60);
+  /// Of the file that is being sent.
+  void Verdict(const std::string& Texte, const std::string& Image) const {
+    const Fenetre_Vue Progression = Fenetre("FrmAnimCharg");
+    Attendre(Texte, [&] { return Progression["LblTitre"].Texte() == Texte; });
     Photo(Image, Progression);
-    Attendre_Absence("FrmAnimCharg", 60);
+    Attendre_Absence("FrmAnimCharg");
   }
 
   void Mettre_A_Jour() const {
-    std::cout << "Mise à jour : noyau et application" << std::endl;
-    const Fenetre_Vue Progression = Lancer_Chargement("confirmation");
+    const Boite_Vue Question = Demander();
+    Photo("confirmation", Question);
+    Question.Repondre("Oui");
+    const Fenetre_Vue Progression = Fenetre("FrmAnimCharg");
     Sleep(4000);  // some thirty blocks
     Photo("progression-en-cours", Progression);
-    Verdict(Progression, "Chargement Réussi.", "progression-reussie");
-    Verdict(Fenetre("FrmAnimCharg", 60), "Chargement Réussi.", "progression-reussie-application");
+    Verdict("Chargement Réussi.", "progression-reussie");
     Attendre_Volet("Arrêt du Galss\n");
     Photo("mise-a-jour-terminee", FMain);
     std::cout << "\nDétails des opérations :\n\n" << FMain["TxtDetails"].Texte() << std::endl;
@@ -99,13 +93,12 @@ class Demonstration : Poste {
   }
 
   void Montrer_Echec() const {
-    std::cout << "Bloc refusé" << std::endl;
     Donner_Scenario(Lecteur + "defaut = bloc 3 fichier 1 : refus 52\n");
-    Verdict(Lancer_Chargement(), "Problème lors du Chargement.", "progression-echouee");
+    Demander().Repondre("Oui");
+    Verdict("Problème lors du Chargement.", "progression-echouee");
   }
 
   void Montrer_Apropos() const {
-    std::cout << "À propos" << std::endl;
     FMain.Menu("MnApropos");
     const Fenetre_Vue Apropos = Fenetre("frmAbout");
     Photo("a-propos", Apropos);
@@ -113,7 +106,6 @@ class Demonstration : Poste {
   }
 
   void Tester_Lecteur() const {
-    std::cout << "Test du lecteur sur la ligne série" << std::endl;
     Brancher_Serie("vitesses = 9600");
     FMain.Menu("MnLecteur");
     const Fenetre_Vue Configuration = Fenetre("FrmResultParam");
@@ -133,7 +125,6 @@ class Demonstration : Poste {
 }  // namespace
 
 int wmain(int Nombre, wchar_t** Arguments) try {
-  Preparer_Session();
   Nombre == 1 ? Demonstration().Ouvrir() : Demonstration().Jouer(Arguments[1]);
   return 0;
 } catch (const std::exception& Erreur) {

@@ -55,15 +55,13 @@ std::int16_t __stdcall DebutExclusivite(char* Texte, char*, char* LAD, std::int1
     case 'c':  // loads a companion by its bare name
       return LoadLibraryA(Suite) != nullptr;
     case 'e':  // raises an exception that may be resumed
-      RaiseException(std::strtoul(Suite, nullptr, 16), 0, 0, nullptr);
-      return 1;
-    case 'E':  // raises one that may not
-      RaiseException(std::strtoul(Suite, nullptr, 16), EXCEPTION_NONCONTINUABLE, 0, nullptr);
+    case 'E':  // or may not
+      RaiseException(std::strtoul(Suite, nullptr, 16), Texte[0] == 'E' ? EXCEPTION_NONCONTINUABLE : 0, 0, nullptr);
       return 1;
     case 'h':
       return Tout_Traiter();
     case 'l':  // reads what the caller tells elsewhere that it is doing
-      *Exclusivite = *reinterpret_cast<std::int16_t*>(std::strtoull(Suite, nullptr, 16));
+      *Exclusivite = *reinterpret_cast<std::int16_t*>(std::strtoull(Suite, nullptr, 10));
       return 0;
     case 'z':  // counts what it may overwrite behind a name, and does
       *Exclusivite = Zeros(LAD);

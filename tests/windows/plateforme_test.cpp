@@ -4,10 +4,11 @@
 
 #include <algorithm>
 #include <array>
+#include <cstring>
 #include <set>
-#include <sstream>
 
 #include "galss/End_Process_Galls.h"
+#include "tests/bout_en_bout/Poste.h"
 #include "windows/systeme/Fichiers_Windows.h"
 #include "windows/systeme/Galss_Windows.h"
 #include "windows/systeme/Port_Serie_Windows.h"
@@ -117,12 +118,6 @@ const std::string Bouchon = Programme + "\\bouchon\\";
 const std::string Compagnon = Bouchon + "compagnon.dll";
 const bool Galss_Installe = SearchPathW(nullptr, L"Galclw32.dll", nullptr, 0, nullptr, nullptr) != 0;
 
-std::string Hexadecimal_Adresse(const void* Adresse) {
-  std::ostringstream Texte;
-  Texte << std::hex << reinterpret_cast<std::uintptr_t>(Adresse);
-  return Texte.str();
-}
-
 struct Essai_Galss : testing::Test {
   std::int16_t En_Appel = 0;
   std::string Vu;
@@ -175,31 +170,37 @@ TEST_F(Essai_Galss, Compagnons_Lies_Ou_Charges_Par_Leur_Nom_Nu) {
   if (Refus) GTEST_SKIP() << "no right to write in the Windows directory";
 }
 
+// A library for ARM64, which neither program can take: the machine type stands behind the address at 3C.
+std::string D_Un_Autre_Processeur(std::string Dll) {
+  std::int32_t Entete = 0;
+  std::memcpy(&Entete, Dll.data() + 0x3C, sizeof Entete);
+  return Dll.replace(static_cast<std::size_t>(Entete) + 4, 2, "\x64\xAA");
+}
+
 TEST_F(Essai_Galss, Absente_Fautive_Incomplete) {
-  for (const char* Sous : {"abime", "seule"}) Creer_Repertoire(Ici + Sous);
-  Creer_Fichier(Ici + "abime\\Galclw32.dll");
-  const Depot Seule(Bouchon + "Galclw32.dll", Ici + "seule\\Galclw32.dll");
+  const fs::path Place = Chemin(Ici + "abime");
+  const std::string Dll = Lire(Chemin(Bouchon + "Galclw32.dll"));
+  fs::create_directories(Place);
   SetCurrentDirectoryW(En_Utf16(Bouchon).c_str());
-  // Never from the current directory; garbage; without what it depends on; as it should be.
-  for (const auto& [Path, Attendu] :
-       {std::pair(std::string(".;;C:;\\"), 53), {Ici + "abime", 48}, {Ici + "seule", 48}, {'"' + Bouchon + '"', 0}}) {
-    EXPECT_EQ(Ouvrir(Path), Attendu) << Path;
+  EXPECT_EQ(Ouvrir(".;;C:;\\"), 53) << "never from the current directory";
+  // The last one lacks what it depends on.
+  for (const std::string& Fautive : {std::string(), std::string(1, '\0'), "MZ" + std::string(3000, '\0'),
+                                     Dll.substr(0, 1000), D_Un_Autre_Processeur(Dll), Dll}) {
+    Ecrire(Place / "Galclw32.dll", Fautive);
+    EXPECT_EQ(Ouvrir(Ici + "abime"), 48) << Fautive.size();
   }
+  EXPECT_EQ(Ouvrir('"' + Bouchon + '"'), 0);
   EXPECT_EQ(std::tuple(A, B, LAD), std::tuple(2, 42, Octets{'!'}));
   EXPECT_EQ(Numero([&] { Galss.FermerSession(1, A); }), 453);
-  EXPECT_EQ(Vu, "()()()()()");
+  EXPECT_EQ(Vu, "()()()()()()()()()");
   EXPECT_EQ(Galss.FinExclusivite(-5), -4);
   std::int32_t Aller = 2, Retour = 5;
   Octets Reponse(5);
   EXPECT_GT(1.0 / double(Reponse[0]), 1.0);  // would trap if the library's state had stayed
   EXPECT_EQ(Galss.Echange(1, 0, Nom, Aller, Reponse, Retour), 64);
   EXPECT_EQ(std::tuple(Reponse, Retour), std::tuple(Octets(5, 0xE9), -7));
-#ifdef PAVORIN_PAGES_GARDEES
-  EXPECT_EQ(Numero([&] { Galss.Echange(1, 0, Nom, Aller, Reponse, Retour = 6); }), 51);
-#else
   EXPECT_EQ(std::tuple(Demander("z"), A, LAD), std::tuple(0, 256, Octets{'!'}));
-#endif
-  EXPECT_EQ(Demander("l" + Hexadecimal_Adresse(&En_Appel)), 0);
+  EXPECT_EQ(Demander("l" + std::to_string(reinterpret_cast<std::uintptr_t>(&En_Appel))), 0);
   EXPECT_EQ(std::pair(A, En_Appel), std::pair(std::int16_t{1}, std::int16_t{0}));
 }
 
@@ -228,37 +229,21 @@ TEST_F(Essai_Galss, Noms_Decores) {
 #endif
 
 // A process of this name, which waits; ended with the test in any case.
-class Serveur {
- public:
-  explicit Serveur(const char* Nom) : Copie_(Programme + "\\plateforme_windows_test.exe", Ici + Nom) {
-    std::wstring Commande = En_Utf16('"' + Ici + Nom + "\" --dormir");
-    STARTUPINFOW Debut{};
-    Debut.cb = sizeof Debut;
-    PROCESS_INFORMATION Infos{};
-    EXPECT_TRUE(CreateProcessW(nullptr, Commande.data(), nullptr, nullptr, FALSE, 0, nullptr, nullptr, &Debut, &Infos));
-    Processus_.reset(Infos.hProcess);
-    CloseHandle(Infos.hThread);
+struct Serveur : Programme_Lance {
+  explicit Serveur(const char* Nom) : Copie(Programme + "\\plateforme_windows_test.exe", Ici + Nom) {
+    Lancer('"' + Ici + Nom + "\" --dormir", "C:\\");
   }
-  ~Serveur() {
-    TerminateProcess(Processus_.get(), 1);
-    WaitForSingleObject(Processus_.get(), 5000);
-  }
-
-  bool Fini_En(DWORD Millisecondes) const {
-    return WaitForSingleObject(Processus_.get(), Millisecondes) == WAIT_OBJECT_0;
-  }
-
- private:
-  Depot Copie_;
-  Poignee Processus_;
+  ~Serveur() { Tuer(); }
+  Depot Copie;
 };
 
 TEST(Windows, Le_Serveur_Galss_Est_Termine_Et_Lui_Seul) {
   const Serveur Sien("GalsVW32.exe"), Long("galsvw32.exe.exe"), Autre("xgalsvw32.exe");
   Processus_Windows Liste;
   Arret_Galss(Liste);
-  EXPECT_TRUE(Sien.Fini_En(5000));
-  EXPECT_FALSE(Long.Fini_En(100) || Autre.Fini_En(100));
+  Attendre("fin du serveur", [&] { return Sien.Fin(); });
+  Sleep(100);
+  EXPECT_FALSE(Long.Fin() || Autre.Fin());
 }
 
 // A server that the library starts inherits the process's error mode, not its thread's.
@@ -269,10 +254,7 @@ TEST(Windows, Rien_Ne_Passe_Aux_Programmes_Lances) {
   EXPECT_NE(GetThreadErrorMode() & SEM_FAILCRITICALERRORS, 0U);
 }
 
-TEST(Windows, Processus_Heure_Mois_Arguments) {
-  EXPECT_TRUE(std::ranges::any_of(Processus_Windows().Lister(), [](const Processus& P) {
-    return P.Id == GetCurrentProcessId() && P.Nom.ends_with("plateforme_windows_test.exe");
-  }));
+TEST(Windows, Heure_Mois_Arguments) {
   Horloge_Windows Temps;
   EXPECT_EQ(std::ranges::count(Temps.Heure_Du_Jour(), ':'), 2);
   std::set<std::string> Mois;
@@ -280,15 +262,6 @@ TEST(Windows, Processus_Heure_Mois_Arguments) {
   EXPECT_TRUE(Mois.size() == 12 && Mois.begin()->size() > 3);
   for (const int Hors : {0, 13}) EXPECT_EQ(Numero([&] { Temps.Nom_Mois(Hors); }), 5);
   EXPECT_EQ(Arguments_Programme(), (std::vector<std::string>{"/port:COM3", "deux mots"}));
-}
-
-TEST(Windows, Une_Copie_A_La_Fois) {
-  Instance_Unique Une;
-  ASSERT_TRUE(Une.Premiere());
-  EXPECT_FALSE(Instance_Unique().Premiere());
-  EXPECT_FALSE(Instance_Unique::Montrer_Premiere());  // the lock without a window
-  Une.Ceder();
-  EXPECT_TRUE(Instance_Unique().Premiere());
 }
 
 TEST(Windows, Releve_Et_Fichier_Du_Journal) {
@@ -300,7 +273,6 @@ TEST(Windows, Releve_Et_Fichier_Du_Journal) {
   EXPECT_EQ(Valeur(Releve.Poste(), "controles"), "absent");
   LoadLibraryW(L"comctl32.dll");
   const auto Poste = Releve.Poste();
-  EXPECT_TRUE(Valeur(Poste, "programme").starts_with(Programme));
   EXPECT_EQ(std::ranges::count(Valeur(Poste, "controles"), '.'), 4)
       << "a name and a version: " << Valeur(Poste, "controles");
   for (const auto& [Nom, Texte] : Poste) EXPECT_NE(Texte, "") << Nom;
@@ -309,8 +281,6 @@ TEST(Windows, Releve_Et_Fichier_Du_Journal) {
   const HMODULE Module = LoadLibraryExW(Dll.c_str(), nullptr, LOAD_WITH_ALTERED_SEARCH_PATH);
   const auto Galss = Releve.Bibliotheque();
   EXPECT_EQ(Valeur(Galss, "bibliotheque"), En_Utf8(Dll) + " (sans version)");
-  EXPECT_NE(Valeur(Galss, "operations").find("OuvrirSession"), std::string::npos);
-  EXPECT_EQ(Valeur(Galss, "operations").find("FermerSession"), std::string::npos);
   EXPECT_TRUE(Valeur(Galss, "module").ends_with("compagnon.dll (sans version)"));
   FreeLibrary(Module);
   EXPECT_TRUE(Releve.Terminable(GetCurrentProcessId()) && !Releve.Terminable(0));
@@ -324,6 +294,31 @@ TEST(Windows, Releve_Et_Fichier_Du_Journal) {
   EXPECT_EQ(Disque.Taille(Chemin), 5);
   EXPECT_NE(Numero([&] { Releve.Creer_Journal(Chemin); }), 0) << "an older journal is never written over";
   EXPECT_EQ(Numero([&] { Releve.Creer_Journal(Ici + "absent\\x.journal"); }), 76);
+}
+
+// Wine does not count a process's handles, but gives a new one the first number that is free.
+DWORD Poignees() {
+  DWORD Nombre = 0;
+  GetProcessHandleCount(GetCurrentProcess(), &Nombre);
+  return Nombre > 0 ? Nombre : HandleToULong(Poignee(CreateEventW(nullptr, FALSE, FALSE, nullptr)).get()) / 4;
+}
+
+TEST(Windows, Aucune_Poignee_Ne_Reste) {
+  Creer_Fichier(Ici + "lu.ing");
+  DWORD Avant = 0;
+  for (int Fois = 0; Fois < 100; ++Fois) {
+    Disque.Chercher(Ici, "*", [](std::string_view) { return false; });
+    Disque.Ouvrir(Ici + "lu.ing");
+    Disque.Sous_Repertoires(Ici);
+    Profil_Windows().Ecrire(Ici + "telech.ini", "INIT", "REP", Octets{'a'});
+    Processus_Windows().Lister();
+    Releve_Windows().Poste();
+    EXPECT_FALSE(Releve_Windows().Terminable(0));
+    Instance_Unique();
+    EXPECT_EQ(Numero([] { Port_Serie_Windows(250).Ouvrir(); }), 8002);
+    if (Fois == 10) Avant = Poignees();
+  }
+  EXPECT_LE(Poignees(), Avant + 10);
 }
 
 TEST(Windows, Port_Serie_Sans_Port) {

@@ -54,14 +54,14 @@ echo 0 passed, 1 failed
 if /i not "%~1"=="/direct" pause
 exit /b 1
 
-rem :serie PROGRAM FILTER. A series without any test is a failure.
+rem :serie PROGRAM FILTER. A series without any test is a failure. A line of several words names no test.
 :serie
 echo.
 echo %1
 set "GTEST_FILTER=%~2"
 set /a avant=passes+echecs+sautes
 .\%1 --gtest_list_tests >"%liste%"
-for /f "usebackq tokens=1" %%T in ("%liste%") do call :ligne %1 %%T
+for /f "usebackq tokens=1,2" %%T in ("%liste%") do if "%%U"=="" call :ligne %1 %%T
 set /a apres=passes+echecs+sautes
 if %avant%==%apres% (set /a echecs+=1 & echo   ECHEC  aucun test)
 goto :eof
@@ -72,24 +72,17 @@ set "nom=%~2"
 if "%nom:~-1%"=="." (set "suite=%nom%" & goto :eof)
 set "GTEST_FILTER=%suite%%nom%"
 .\%1 /port:COM3 "deux mots" >"%sortie%" 2>&1
-if not %errorlevel%==0 goto echec
-%SystemRoot%\System32\find.exe "[  PASSED  ] 1 test" <"%sortie%" >nul
-if %errorlevel%==0 goto passe
-%SystemRoot%\System32\find.exe "[  SKIPPED ]" <"%sortie%" >nul
-if not %errorlevel%==0 goto echec
-set /a sautes+=1
-set "verdict=SAUTE "
-goto noter
-:passe
-set /a passes+=1
-set "verdict=OK    "
-goto noter
-:echec
-set /a echecs+=1
+set "code=%errorlevel%"
 set "verdict=ECHEC "
-type "%sortie%"
+%SystemRoot%\System32\find.exe "[  SKIPPED ]" <"%sortie%" >nul
+if %code%%errorlevel%==00 set "verdict=SAUTE "
+%SystemRoot%\System32\find.exe "[  PASSED  ] 1 test" <"%sortie%" >nul
+if %code%%errorlevel%==00 set "verdict=OK    "
+if "%verdict%"=="OK    " set /a passes+=1
+if "%verdict%"=="SAUTE " set /a sautes+=1
+if "%verdict%"=="ECHEC " set /a echecs+=1
+if "%verdict%"=="ECHEC " type "%sortie%"
 for /r %%F in (echec*.png) do move /y "%%F" "%resultats%\%suite:/=-%%nom:/=-%.png" >nul
-:noter
 echo   %verdict% %GTEST_FILTER%
 echo %verdict% %GTEST_FILTER%>>"%resultat%"
 type "%sortie%" >>"%resultat%"
