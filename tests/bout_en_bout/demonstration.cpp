@@ -63,11 +63,6 @@ class Demonstration : Poste {
     FMain["OptAuto"].Cliquer();
   }
 
-  Boite_Vue Demander() const {
-    Demander_Mise_A_Jour();
-    return Boite("TELECHARGER");
-  }
-
   /// Of the file that is being sent.
   void Verdict(const std::string& Texte, const std::string& Image) const {
     const Fenetre_Vue Progression = Fenetre("FrmAnimCharg");
@@ -77,7 +72,8 @@ class Demonstration : Poste {
   }
 
   void Mettre_A_Jour() const {
-    const Boite_Vue Question = Demander();
+    Demander_Mise_A_Jour();
+    const Boite_Vue Question = Boite("TELECHARGER");
     Photo("confirmation", Question);
     Question.Repondre("Oui");
     const Fenetre_Vue Progression = Fenetre("FrmAnimCharg");
@@ -94,7 +90,8 @@ class Demonstration : Poste {
 
   void Montrer_Echec() const {
     Donner_Scenario(Lecteur + "defaut = bloc 3 fichier 1 : refus 52\n");
-    Demander().Repondre("Oui");
+    Demander_Mise_A_Jour();
+    Boite("TELECHARGER").Repondre("Oui");
     Verdict("Problème lors du Chargement.", "progression-echouee");
   }
 
