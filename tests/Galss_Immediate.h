@@ -10,16 +10,14 @@ struct Galss_Immediate : Bibliotheque_Galss {
   std::int16_t DebutExclusivite(Octets&, Octets&, Octets&, std::int16_t&) override { return 0; }
   std::int16_t FinExclusivite(std::int16_t) override { return 0; }
   std::int16_t FermerSession(std::int16_t, std::int16_t&) override { return 0; }
-  std::int16_t Echange(std::int16_t, std::int16_t, Octets& Commande, std::int32_t&, Octets& Reponse,
-                       std::int32_t&) override {
-    if (Echanges++ == 0 && Commande.size() > 8) Version.assign(Commande.begin() + 4, Commande.begin() + 8);
+  std::int16_t Echange(std::int16_t, std::int16_t, Octets&, std::int32_t&, Octets& Reponse, std::int32_t&) override {
+    ++Echanges;
     Reponse[0] = 0;
     Reponse[1] = Reponse.size() == 3 ? 2 : 0;  // accepts requests and blocks of both families
     if (Reponse.size() == 3) Reponse[2] = 4;
     return 0;
   }
   int Echanges = 0;
-  std::string Version;  // of the first request, in the first family
 };
 
 struct Transfert_Immediat : Poste_De_Test {

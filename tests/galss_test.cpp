@@ -7,8 +7,8 @@
 #include "galss/Config_Lecteur.h"
 #include "galss/End_Process_Galls.h"
 #include "galss/Lecture_Config.h"
-#include "simulator/Lecture_Texte.h"
 #include "tests/Machine_De_Test.h"
+#include "tests/Table.h"
 
 namespace {
 
@@ -88,79 +88,29 @@ TEST(Galss, Connexion_Et_Deconnexion) {
   }
 }
 
+// A reply a line: operation, replies, status, size of the blocks, message.
 TEST(Galss, Chaque_Reponse) {
-  const std::string Galss_1 = "Erreur GALSS -1 : Longueur de message reçue incorrecte";
-  const std::string Galss_64 = "Erreur GALSS 64 : Transfert abandonné par le matériel", T = "Erreur de Téléchargement ";
-  const std::string Accord = "Etat Final2 : Accord de mise à jour";
-  const struct {
-    char Quoi;
-    std::string Reponses;  // call by call
-    int Statut, Taille;
-    std::string Message;
-  } Cas[] = {
-      {'L', "code 0", 0, -7, "avant"},
-      {'L', "code 64 / code 0", 0, -7, "avant"},
-      {'L', "code 64 / code 64", 64, -7, Galss_64},
-      {'L', "octets 00 34", 52, -7, T + "52:Format de logiciel incorrect"},
-      {'L', "octets 00 00", 0, -7, T + "0:avant"},
-      {'L', "longueur 1 octets 00 34", 0, -7, "avant"},
-      {'L', "longueur 3 octets 00 34", 0, -7, "avant"},
-      {'L', "longueur 50", 0, -7, "avant"},
-      {'L', "vide longueur 99999", 0, -7, "avant"},
-      {'L', "code 64 longueur 99999 / vide longueur -7", 0, -7, "avant"},
-      {'L', "code 64 longueur -7 / code 0", 16, -7, "Erreur GALSS 16 : Taille du message de réponse trop petite"},
-      {'D', "octets 07 07 04", 0, 4096, "avant"},
-      {'D', "octets 09 33", 51, -7, T + "51:Version logicielle déjà chargée ou incorrecte"},
-      {'D', "octets 09 00", 0, -7, T + "0:avant"},
-      {'D', "code 1024 longueur 0", -1, -7, Galss_1},
-      {'D', "code 512 longueur 3", 512, -7, "Erreur GALSS 512 : Erreur protocole"},
-      {'D', "longueur 4", -1, -7, Galss_1},
-      {'D', "longueur 99999", -1, -7, Galss_1},
-      {'D', "longueur -3", -1, -7, Galss_1},
-      {'D', "code 64 octets 01 02 09 / octets 01 02 04", 0, 4096, "avant"},
-      {'D', "code 64 / code 64", 64, -7, Galss_64},
-      {'B', "octets 00", 0, -7, "avant"},
-      {'B', "octets 00 35", 0, -7, "avant"},
-      {'B', "octets 01 35", 53, -7, T + "53:Taille de logiciel incorrecte"},
-      {'B', "octets 01", 32, -7, T + "32:avant"},
-      {'B', "vide longueur 0", -1, -7, Galss_1},
-      {'B', "longueur 3", -1, -7, Galss_1},
-      {'B', "code 64 longueur 99999 octets 07 07 / vide longueur 2", 0, -7, "avant"},
-      {'B', "longueur -1", -1, -7, Galss_1},
-      {'B', "code 2", 2, -7, "Erreur GALSS 2 : Plus de ressource dans la table des gestionnaires"},
-      {'d', "octets 00 02 02", 0, 2048, Accord},
-      {'d', "longueur 77 octets 00 02 02", 0, 2048, Accord},
-      {'d', "octets 00 01 02", -2, -7, "Etat Final1 : OK"},
-      {'d', "octets 01 82", -3, -7, "Erreur Technique82 : Time out"},
-      {'d', "octets 1A 02 02", -4, -7, "Erreur nature du message 1AIncorrect"},
-      {'d', "code 4096 octets 00 02 02", 4096, -7, Inconnue},
-      {'b', "octets 00 00", 0, -7, "Etat Final0 : Fin de dialogue lecteur"},
-      {'b', "octets 00 01", 0, -7, "Etat Final1 : OK"},
-      {'b', "octets 00 02", -2, -7, Accord},
-      {'b', "octets 01 81", -3, -7, "Erreur Technique81 : Application inconnue"},
-      {'b', "octets 25 00", -4, -7, "Erreur nature du message 25incorrect"},
-      {'b', "vide longueur 0", -4, -7, "Erreur nature du message 20incorrect"},
-  };
-  for (const auto& C : Cas) {
-    SCOPED_TRACE(C.Reponses);
-    const bool Bloc = C.Quoi == 'B' || C.Quoi == 'b';
+  for (const auto& C : Lire_Table("reponses.txt")) {
+    SCOPED_TRACE(C[1]);
+    const char Quoi = C[0][0];
+    const bool Bloc = Quoi == 'B' || Quoi == 'b';
     std::string Scenario;
-    for (const auto Une : Decouper(C.Reponses, '/'))
-      Scenario += (C.Quoi == 'L' ? "defaut = lecture : "
-                   : Bloc        ? "defaut = bloc : "
-                                 : "defaut = demande : ") +
+    for (const auto Une : Decouper(C[1], '/'))
+      Scenario += (Quoi == 'L' ? "defaut = lecture : "
+                   : Bloc      ? "defaut = bloc : "
+                               : "defaut = demande : ") +
                   std::string(Une) + "\n";
     Operations P(Scenario);
     P.Connexions.Connexion(P.Message);
-    if (Bloc) P.Faire(C.Quoi == 'B' ? 'D' : 'd');
+    if (Bloc) P.Faire(Quoi == 'B' ? 'D' : 'd');
     P.Message = "avant";
     P.Taille = -7;
-    EXPECT_EQ(P.Faire(C.Quoi), C.Statut);
-    EXPECT_EQ(P.Taille, C.Taille);
-    EXPECT_EQ(P.Message, C.Message);
-    EXPECT_EQ(P.Etat.Code_Retour, C.Statut);
+    EXPECT_EQ(P.Faire(Quoi), std::stoi(C[2]));
+    EXPECT_EQ(P.Taille, std::stoi(C[3]));
+    EXPECT_EQ(P.Message, C[4]);
+    EXPECT_EQ(P.Etat.Code_Retour, std::stoi(C[2]));
     EXPECT_EQ(P.Lecteur.Fautes(), Sans_Faute);
-    EXPECT_EQ(P.Configuration.size(), C.Quoi == 'L' ? 2048 : 0);
+    EXPECT_EQ(P.Configuration.size(), Quoi == 'L' ? 2048 : 0);
   }
 }
 

@@ -3,7 +3,8 @@
 
 #include <gtest/gtest.h>
 
-#include "tests/Galss_Immediate.h"
+#include "tests/Machine_De_Test.h"
+#include "tests/Table.h"
 #include "update/Decider_Chargement.h"
 
 namespace {
@@ -43,76 +44,37 @@ TEST(Decision, Lecteurs_Refuses) {
   }
 }
 
+// A rule a line of decisions.txt.
 TEST(Decision, Regles) {
   using enum Issue_Decision;
-  const bool Auto = true, Manuel = false, Oui = true, Non = false;
-  // Mode, reader, its OS and version, kernel and application chosen or not, their versions, then what
-  // is expected: issue, files in the order of the list, family.
-  const struct {
-    bool Automatique;
-    std::string Type, OS, Version;
-    bool K, A;
-    std::string VN, VA;
-    Issue_Decision Quoi;
-    std::string Ordre;
-    bool Chargement;
-  } Cas[] = {
-      {Auto, Bifente_A, "02", "0001", Oui, Non, "02", "", A_Charger, "K", false},
-      {Auto, Bifente_A, " 9", "0130", Oui, Oui, "09", "0130", A_Charger, "K", false},
-      {Auto, Bifente_B, "04", "0130", Oui, Oui, "03", "0131", A_Charger, "A", false},
-      {Auto, Elite, "03", "0127", Oui, Oui, "02", "0130", A_Charger, "KA", false},
-      {Auto, Elite, "03", "0127", Oui, Non, "02", "", Noyau_Ou_Appli_Manquant, "K", false},
-      {Auto, Elite, "03", "0127", Oui, Non, "02", "0128", A_Charger, "KA", false},
-      {Auto, Elite, "03", "0127", Non, Oui, "", "0130", Noyau_Ou_Appli_Manquant, "A", false},
-      {Auto, Elite, "03", "0127", Non, Oui, "01", "0130", Noyau_Ou_Appli_Manquant, "A", false},
-      {Auto, Elite, "03", "0127", Non, Oui, "02", "0130", A_Charger, "KA", false},
-      {Auto, Elite, "03", "0127", Non, Non, "", "0127", Noyau_Ou_Appli_Manquant, "", false},
-      {Auto, Bifente_A, "03", "0130", Oui, Oui, "03", "0130", A_Charger, "K", false},
-      {Auto, Bifente_A, "03", "0130", Oui, Oui, "02", "0131", A_Charger, "A", false},
-      {Auto, Bifente_A, "03", "0130", Oui, Oui, "02", "0130", Aucune_Nouvelle_Version, "", false},
-      {Auto, Bifente_A, "03", "0130", Non, Non, "09", "0900", Aucune_Nouvelle_Version, "", false},
-      {Auto, Bifente_A, "03", "0199", Oui, Oui, "03", "0200", A_Charger, "KA", false},
-      {Auto, Bifente_A, "03", "0200", Oui, Oui, "03", "0201", A_Charger, "KA", true},
-      {Auto, Bifente_B, "04", "0200", Non, Oui, "", "0201", A_Charger, "A", true},
-      {Manuel, Elite, "03", "0127", Non, Oui, "03", "0127", A_Charger, "A", false},   // application alone
-      {Manuel, Elite, "03", "0127", Non, Non, "01", "0127", A_Charger, "A", false},   // application before kernel
-      {Manuel, Elite, "03", "0127", Oui, Non, "01", "0130", A_Charger, "K", false},   // kernel alone
-      {Manuel, Elite, "03", "0127", Oui, Oui, "01", "0127", A_Charger, "KA", false},  // both of the first generation
-      {Manuel, Elite, "03", "0127", Oui, Non, "01", "0127", A_Charger, "K", false},   // kernel alone
-      {Manuel, Elite, "03", "0127", Oui, Oui, "02", "0128", A_Charger, "KA", false},  // both later
-      {Manuel, Elite, "03", "0127", Oui, Non, "03", "0130", A_Charger, "KA", false},  // both later
-      {Manuel, Elite, "03", "0127", Oui, Oui, "03", "0127", A_Charger, "A", false},   // the one of the first generation
-      {Manuel, Elite, "03", "0127", Oui, Oui, "01", "0130", A_Charger, "K", false},   // the one of the first generation
-      {Manuel, Elite, "03", "0127", Non, Oui, "01", "0126", A_Charger, "K", false},   // the one of the first generation
-      {Manuel, Elite, "03", "0127", Oui, Non, "02", "0126", Chargement_Interdit_650, "", false},
-      {Manuel, Elite, "03", "0127", Non, Oui, "02", "0130", Chargement_Interdit_650, "", false},
-      {Manuel, Bifente_A, "03", "0130", Non, Oui, "09", "0127", Chargement_Interdit_Bifente, "", false},
-      {Manuel, Bifente_A, "03", "0130", Non, Oui, "01", "0128", A_Charger, "A", false},
-      {Manuel, Bifente_A, "03", "0130", Oui, Non, "01", "0900", Chargement_Interdit_Bifente, "", false},
-      {Manuel, Bifente_A, "03", "0130", Oui, Non, "02", "0001", A_Charger, "K", false},
-      {Manuel, Bifente_A, "03", "0130", Oui, Oui, "01", "0130", A_Charger, "KA", false},
-      {Manuel, Bifente_A, "03", "0250", Oui, Oui, "02", "0100", A_Charger, "KA", true},
-      {Manuel, Bifente_A, "03", "0130", Non, Non, "09", "0900", Chargement_Interdit_Bifente, "", false},
-  };
+  const std::map<std::string, std::string> Lecteurs = {
+      {"Elite", Elite}, {"Bifente_A", Bifente_A}, {"Bifente_B", Bifente_B}};
+  const std::map<std::string, Issue_Decision> Issues = {{"A_Charger", A_Charger},
+                                                        {"Noyau_Ou_Appli_Manquant", Noyau_Ou_Appli_Manquant},
+                                                        {"Aucune_Nouvelle_Version", Aucune_Nouvelle_Version},
+                                                        {"Chargement_Interdit_650", Chargement_Interdit_650},
+                                                        {"Chargement_Interdit_Bifente", Chargement_Interdit_Bifente}};
   int Rang = 0;
-  for (const auto& C : Cas) {
+  for (auto C : Lire_Table("decisions.txt")) {
     SCOPED_TRACE(Rang++);
+    std::ranges::replace(C[2], '_', ' ');
+    const bool Auto = C[0] == "auto", Chargement = C[10] == "C";
     // A list without a text, as after the start-up, chooses no more than "Pas de mise à jour".
     for (const auto& [Avant, Rien] : {std::pair{false, Aucune}, {true, std::string()}}) {
       Variables_Globales V;
-      V.Version_Noyau = C.VN;
-      V.Version_Appli = C.VA;
+      V.Version_Noyau = C[5];
+      V.Version_Appli = C[7];
       V.Noyau_Et_Appli = Avant;
-      const std::string K = C.K ? "noyau" : Rien, A = C.A ? "appli" : Rien, Fin = C.Automatique ? "\n\r" : "\r\n";
-      const auto R = Decider_Chargement(Reponse_De(C.Type, C.OS, C.Version), {C.Automatique, K, A}, V);
+      const std::string K = C[4] == "oui" ? "noyau" : Rien, A = C[6] == "oui" ? "appli" : Rien;
+      const auto R = Decider_Chargement(Reponse_De(Lecteurs.at(C[1]), C[2], C[3]), {Auto, K, A}, V);
       std::string Liste;
-      for (const char Lettre : C.Ordre) Liste += (Lettre == 'K' ? K : A) + Fin;
-      EXPECT_EQ(R.Issue, C.Quoi);
+      for (const char Lettre : C[9]) Liste += (Lettre == 'K' ? K : A) + (Auto ? "\n\r" : "\r\n");
+      EXPECT_EQ(R.Issue, Issues.at(C[8]));
       EXPECT_EQ(R.Liste_Fichiers, Liste);
-      EXPECT_EQ(R.Charger_Noyau, C.Ordre.find('K') != std::string::npos);
-      EXPECT_EQ(R.Charger_Appli, C.Ordre.find('A') != std::string::npos);
-      EXPECT_EQ(R.Famille_Transfert == Operation_Transfert::Charger_Fichier, C.Chargement);
-      EXPECT_EQ(V.Noyau_Et_Appli, C.Chargement ? C.Ordre.size() == 2 : Avant);
+      EXPECT_EQ(R.Charger_Noyau, C[9].find('K') != std::string::npos);
+      EXPECT_EQ(R.Charger_Appli, C[9].find('A') != std::string::npos);
+      EXPECT_EQ(R.Famille_Transfert == Operation_Transfert::Charger_Fichier, Chargement);
+      EXPECT_EQ(V.Noyau_Et_Appli, Chargement ? C[9].size() == 2 : Avant);
     }
   }
 }
@@ -265,9 +227,7 @@ TEST_F(Mise_A_Jour_Test, Fins_Sans_Chargement) {
       {"defaut = lecture : refus 52", Deux, "",
        Lu + "TxtDetails + Erreur de Téléchargement 52:Format de logiciel incorrect¶; " + Fin + Refuse},
       {"defaut = lecture : octets 00 49 4E", Deux, "", Lu + Refuse},
-      {"num_version = 0126", Deux, "", Lu + Refuse},
       {"", {{"ER0300.ing", 9}}, "MA", Lu + Manquant},
-      {"", {{"ER0300.ing", 9}}, "", Lu + Manquant},
       {"", {{"Fexa0500.ing", 9}}, "", Lu + Manquant},
       {Avant_200 + "num_version = 0300; type_os = 06", Deux, "",
        Lu + "[Information | " + Rien + "répertoire]; TxtDetails + " + Rien + "repertoire¶; " + Arret},
@@ -335,26 +295,6 @@ TEST_F(Mise_A_Jour_Test, Tailles_De_Fichier) {
       EXPECT_EQ(Recu(0), Contenu(Taille));
     }
   }
-}
-
-// Told to the reader by a direct transfer alone: an update puts "0000" there.
-TEST(Transfert, Version_De_L_Application) {
-  for (const bool Un_Noyau : {false, true}) {
-    Transfert_Immediat T(100);
-    T.App.Globales.Version_Appli = "0301";
-    EXPECT_TRUE(T.Transferts.Telecharger_Fichier(T.Chemin, Un_Noyau));
-    EXPECT_EQ(T.Immediate.Version, Un_Noyau ? "0000" : "0301");
-  }
-}
-
-// The file is read whole, once, before the reader hears of it.
-TEST_F(Mise_A_Jour_Test, Disque_Retire_Pendant_Le_Transfert) {
-  Preparer(Depuis_200, {{"ER0300.ing", 5003}});
-  P->Pannes_.Avant = [&](std::string_view Appel, int) {
-    if (Appel == "Galss" && P->App.F.FrmAnimCharg.Ouverte()) P->Disque.Fichiers.clear();
-  };
-  Mettre_A_Jour();
-  EXPECT_EQ(Recu(0), Contenu(5000));
 }
 
 TEST_F(Mise_A_Jour_Test, Erreurs_Du_Transfert) {

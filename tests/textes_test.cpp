@@ -7,6 +7,7 @@
 #include "galss/Gestion_Erreur.h"
 #include "platform/Cp1252.h"
 #include "platform/Texte.h"
+#include "tests/Temoins.h"
 
 TEST(Texte, Compte_Les_Caracteres_Et_Non_Les_Octets) {
   EXPECT_EQ(Extraire("Eété.ing", 2, 3), "été");
@@ -43,7 +44,7 @@ std::string Codes(int Premier, int Dernier, const std::string& Sans_Texte, Routi
   std::string Tous;
   for (int Code = Premier; Code <= Dernier; ++Code) {
     const std::string Message = Composer(Code);
-    if (!Message.ends_with(Sans_Texte)) Tous += Message + "\n";
+    if (!Message.ends_with(Sans_Texte)) Tous += Lisible(Message) + "\n";
   }
   return Tous;
 }
@@ -67,59 +68,14 @@ TEST(Codes, Chacun_A_Son_Texte) {
     };
   };
   EXPECT_EQ(Galss(8192), "Erreur GALSS 8192 : avant");
-  EXPECT_EQ(Codes(INT16_MIN, INT16_MAX, "avant", Galss),
-            R"(Erreur GALSS -32764 : Pas de numéro de session disponible
-Erreur GALSS -32760 : Ressource non accessible
-Erreur GALSS -1 : Longueur de message reçue incorrecte
-Erreur GALSS 1 : Erreur dans le gestionnaire
-Erreur GALSS 2 : Plus de ressource dans la table des gestionnaires
-Erreur GALSS 4 : LAD pris en exclusivité par une autre application
-Erreur GALSS 8 : Une exclusivité est déjà en cours pour cette application
-Erreur GALSS 16 : Taille du message de réponse trop petite
-Erreur GALSS 64 : Transfert abandonné par le matériel
-Erreur GALSS 128 : Transfert abandonné par le gestionnaire
-Erreur GALSS 256 : Temps alloué pour l'application insuffisantepour cette commande
-Erreur GALSS 512 : Erreur protocole
-)"
-            "Erreur GALSS 1024 : Pas de réponse du matériel, vérifez :\r\nla connexion entre le PC et le lecteur\r\n "
-            "que le lecteur est en attente d'un ordre\r\nla configuration de la liaison série(Port COM, vitesse, ...)"
-            R"(
-Erreur GALSS 2048 : La session est déjà ouverte
-Erreur GALSS 4096 : La session est inconnue
-Erreur GALSS 8196 : LAD non définie dans le fichier de configuration
-Erreur GALSS 16384 : Erreur de parametre
-)");
   EXPECT_EQ(Telechargement(7), "Erreur de Téléchargement 7:avant");
-  EXPECT_EQ(Codes(0, 255, "avant", Telechargement), R"(Erreur de Téléchargement 50:Problème de chargement
-Erreur de Téléchargement 51:Version logicielle déjà chargée ou incorrecte
-Erreur de Téléchargement 52:Format de logiciel incorrect
-Erreur de Téléchargement 53:Taille de logiciel incorrecte
-)");
   EXPECT_EQ(Etat(Etat_Final)(0x9A), "Etat Final9A : Incorrect");
-  EXPECT_EQ(Codes(0, 255, "Incorrect", Etat(Etat_Final)), R"(Etat Final0 : Fin de dialogue lecteur
-Etat Final1 : OK
-Etat Final2 : Accord de mise à jour
-Etat Final91 : Refus d'une application
-Etat Final92 : Refus du propriétaire
-Etat Final93 : Refus, version de logicielle incorrecte
-Etat Final94 : Refus de l'application
-Etat Final95 : Refus mémoire insuffisante
-Etat Final96 : Echec authenticité logiciel
-Etat Final97 : Echec intégrité
-Etat Final98 : Echec erreur code position
-Etat Final99 : Echec message de mise à jour non précédé d'un message de mise à jour
-)");
   EXPECT_EQ(Etat(Erreur_Technique)(0x80), "Erreur Technique80 : Incorrect");
-  EXPECT_EQ(Codes(0, 255, "Incorrect", Etat(Erreur_Technique)), R"(Erreur Technique81 : Application inconnue
-Erreur Technique82 : Time out
-Erreur Technique83 : Problème de mémoire
-Erreur Technique84 : Problème d'installation logiciel
-Erreur Technique85 : Problème coupleur
-Erreur Technique86 : Autre problème
-Erreur Technique87 : service Inconnu
-Erreur Technique88 : Paramètre incorrect
-Erreur Technique89 : Abandon suite à un refus d'allongement de temps
-)");
+  std::ostringstream Tous;
+  Tous << std::ifstream(RACINE "/tests/codes.txt").rdbuf();
+  EXPECT_EQ(Codes(INT16_MIN, INT16_MAX, "avant", Galss) + Codes(0, 255, "avant", Telechargement) +
+                Codes(0, 255, "Incorrect", Etat(Etat_Final)) + Codes(0, 255, "Incorrect", Etat(Erreur_Technique)),
+            Tous.str());
 }
 
 TEST(Ligne_De_Commande, Un_Port_Ou_Un_Avertissement) {
