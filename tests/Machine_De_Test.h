@@ -24,17 +24,6 @@
 /// Quitter: goes through every handler, like the end of the process would.
 struct Programme_Arrete {};
 
-struct Pannes {
-  int Appels = 0;  // of those that may fail, and of the yields; none that tells the time or closes
-  /// Called with each such call's name and its rank among them, before it has any effect; may throw.
-  std::function<void(std::string_view Appel, int Rang)> Avant;
-  void Passer(std::string_view Appel) {
-    ++Appels;
-    if (Avant) Avant(Appel, Appels);
-  }
-  Chronique Faits;
-};
-
 struct Horloge_De_Test : Horloge {
   double Maintenant = 0;
   std::string Heure_Du_Jour() override { return "14:30:05"; }
@@ -55,7 +44,7 @@ struct Ecran_De_Test : Fenetrage {
       auto Ligne = Lignes_Disposition(Nom).begin();
       for (Controle* Un : Une->Controles()) {
         const std::string Le_Nom = Ligne->substr(0, Ligne->find(' '));
-        Controles_.try_emplace(Un, Pannes_.Faits, Le_Nom, *Un);
+        Controles_.try_emplace(Un, Pannes_, Le_Nom, *Un);
         ++Ligne;
       }
       Fenetres_.try_emplace(Une, Pannes_.Faits, Controles_, Nom, *Une);

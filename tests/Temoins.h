@@ -7,6 +7,7 @@
 #include <cmath>
 #include <cstdio>
 #include <fstream>
+#include <functional>
 #include <map>
 #include <memory>
 #include <utility>
@@ -96,6 +97,17 @@ class Chronique {
   double Passe_ = 0;
 };
 
+struct Pannes {
+  int Appels = 0;  // of those that may fail, and of the yields; none that tells the time or closes
+  /// Called with each such call's name and its rank among them, before it has any effect; may throw.
+  std::function<void(std::string_view Appel, int Rang)> Avant;
+  void Passer(std::string_view Appel) {
+    ++Appels;
+    if (Avant) Avant(Appel, Appels);
+  }
+  Chronique Faits;
+};
+
 /// Goes through every handler of the program, up to the test.
 struct Temoin_Trompe {};
 inline void Exiger_Vu(bool Vrai, const std::string& Plainte) {
@@ -150,14 +162,14 @@ struct Lecture_Controle : Visiteur_Controles {
 
 class Temoin_Controle : public Pair_Controle {
  public:
-  Temoin_Controle(Chronique& Faits, std::string_view Nom, Controle& C)
-      : Faits_(Faits), Nom_(Nom), C_(C), Conception_(Lecture_Controle(C_).Vus) {}
+  Temoin_Controle(Pannes& P, std::string_view Nom, Controle& C)
+      : Pannes_(P), Nom_(Nom), C_(C), Conception_(Lecture_Controle(C_).Vus) {}
 
   /// The control opens with its window: tells what is not as designed.
   void Naitre() {
     Ouvert_ = true;
     Vus_ = Conception_;
-    for (std::size_t Quoi = 0; Quoi < Vus_.size(); ++Quoi) Actualiser(static_cast<Propriete>(Quoi));
+    for (std::size_t Quoi = 0; Quoi < Vus_.size(); ++Quoi) Voir(static_cast<Propriete>(Quoi));
     C_.Attacher(this);
   }
   void Mourir() {
@@ -173,20 +185,25 @@ class Temoin_Controle : public Pair_Controle {
   }
   void Actualiser(Propriete Quoi) override {
     Exiger_Vu(Ouvert_, Nom_ + " changé une fois fermé");
-    std::string& Vu = Vus_.at(static_cast<std::size_t>(Quoi));
-    const std::string Avant = std::exchange(Vu, Lecture_Controle(C_).De(Quoi));
-    if (Quoi == Propriete::Contenu) return Actualiser(Propriete::Choix);  // filled anew, a list chooses anew
-    if (Vu == Avant || Quoi == Propriete::Choix) return;
-    const bool Suite = Avant.size() > 2 && Vu.starts_with(Avant);
-    Faits_.Noter(Nom_ + " " + (Suite ? "+ " + Vu.substr(Avant.size()) : Vu));
+    Voir(Quoi);
+    Pannes_.Passer("Actualiser");
   }
   void Repeindre() override {
     Verifier();
-    Faits_.Noter(Nom_ + " peint");
+    Pannes_.Faits.Noter(Nom_ + " peint");
   }
 
  private:
-  Chronique& Faits_;
+  void Voir(Propriete Quoi) {
+    std::string& Vu = Vus_.at(static_cast<std::size_t>(Quoi));
+    const std::string Avant = std::exchange(Vu, Lecture_Controle(C_).De(Quoi));
+    if (Quoi == Propriete::Contenu) return Voir(Propriete::Choix);  // filled anew, a list chooses anew
+    if (Vu == Avant || Quoi == Propriete::Choix) return;
+    const bool Suite = Avant.size() > 2 && Vu.starts_with(Avant);
+    Pannes_.Faits.Noter(Nom_ + " " + (Suite ? "+ " + Vu.substr(Avant.size()) : Vu));
+  }
+
+  Pannes& Pannes_;
   const std::string Nom_;
   Controle& C_;
   const Lecture_Controle::Etats Conception_;
@@ -202,19 +219,19 @@ class Temoin_Fenetre : public Pair_Fenetre {
 
   void Naitre() {
     for (const Controle* Un : F_.Controles()) Controles_.at(Un).Naitre();
-    Ouverte_ = Active_ = true;
+    Ouverte_ = A_Portee_ = true;
     Souris_ = Pointeur::Defaut;
     Actualiser(Propriete::Active);
     Actualiser(Propriete::Pointeur);
   }
   void Verifier() const {
-    Exiger_Vu(!Ouverte_ || (Active_ == F_.Active() && Souris_ == F_.Souris()),
+    Exiger_Vu(!Ouverte_ || (A_Portee_ == F_.A_Portee() && Souris_ == F_.Souris()),
               Nom_ + " n'est pas comme elle se montre");
   }
   void Actualiser(Propriete Quoi) override {
     Exiger_Vu(Ouverte_, Nom_ + " changée une fois fermée");
-    if (Quoi == Propriete::Active && std::exchange(Active_, F_.Active()) != Active_)
-      Faits_.Noter(Nom_ + (Active_ ? " active" : " inactive"));
+    if (Quoi == Propriete::Active && std::exchange(A_Portee_, F_.A_Portee()) != A_Portee_)
+      Faits_.Noter(Nom_ + (A_Portee_ ? " active" : " inactive"));
     if (Quoi == Propriete::Pointeur && std::exchange(Souris_, F_.Souris()) != Souris_) {
       Faits_.Noter(Souris_ == Pointeur::Sablier ? "sablier" : "flèche");
     }
@@ -233,6 +250,6 @@ class Temoin_Fenetre : public Pair_Fenetre {
   Temoins& Controles_;
   const std::string Nom_;
   Fenetre& F_;
-  bool Ouverte_ = false, Active_ = true;
+  bool Ouverte_ = false, A_Portee_ = true;
   Pointeur Souris_ = Pointeur::Defaut;
 };

@@ -7,35 +7,14 @@
 
 namespace {
 
-struct Pair_De_Test : Pair_Fenetre {
-  void Actualiser(Propriete Quoi) override {
-    Vu += static_cast<char>('0' + static_cast<int>(Quoi));
-    if (Quoi != Propriete::Active && --Bons == 0) throw std::bad_alloc();
-  }
-  void Repeindre() override { Vu += 'P'; }
-  void Montrer() override { Vu += 'M'; }
-  void Premier_Plan() override { Vu += 'A'; }
-  void Detruire() override { Vu += 'D'; }
-  std::string Vu;
-  int Bons = -1;  // changes followed before one that cannot be
-};
-
 struct Controles_Test : testing::Test {
-  struct Ecran_Natif : Ecran_De_Test {
-    using Ecran_De_Test::Ecran_De_Test;
-    Pair_Fenetre* Creer(Fenetre& F) override {
-      Ecran_De_Test::Creer(F);
-      for (Controle* Un : F.Controles()) Un->Attacher(&Pair);
-      return &Pair;
-    }
-    Pair_De_Test Pair;
-  };
-  /// What the peer was told since the last call; a property by its rank in Propriete.
-  std::string Vu() { return std::exchange(Ecran.Pair.Vu, {}); }
+  Controles_Test() { Ecran.Regarder(F); }
+  /// What was seen since the last call.
+  std::string Vu() { return P.Faits.Prendre(); }
 
   Pannes P;
   Horloge_De_Test Temps;
-  Ecran_Natif Ecran{Temps, P};
+  Ecran_De_Test Ecran{Temps, P};
   Disque_De_Test Disque{P};
   Fenetres F{Ecran, Disque};
 };
@@ -52,7 +31,7 @@ TEST_F(Controles_Test, Une_Fenetre_Se_Ferme_Une_Fois_Et_De_Bon_Gre) {
   Vu();
   M.Fermer_Par_Cadre();
   M.Fermer_Par_Cadre();
-  EXPECT_EQ(Vu(), "D") << "closed once, detached before the design state returns";
+  EXPECT_EQ(Vu(), "FMain fermée\n") << "closed once, detached before the design state returns";
   F.FrmAnimCharg.Montrer();
   F.FrmAnimCharg.Fermer_Par_Cadre();
   EXPECT_TRUE(F.FrmAnimCharg.Ouverte()) << "no close box";
@@ -80,7 +59,7 @@ TEST_F(Controles_Test, Une_Fenetre_Couverte_Est_Hors_De_Portee) {
   EXPECT_EQ(Agir(), 0) << "the other one is still open";
   Vu();
   F.FrmResultParam.Decharger();
-  EXPECT_EQ(Vu(), "3D") << "within reach before the window in front goes";
+  EXPECT_EQ(Vu(), "FMain active\nFrmResultParam fermée\n") << "within reach before the window in front goes";
   EXPECT_EQ(Agir(), 4);
 }
 
@@ -95,14 +74,16 @@ TEST_F(Controles_Test, Une_Fenetre_Qui_Echoue_N_Enferme_Personne) {
     bool Montree = false;
     for (int Bons = 1; !Montree; ++Bons) {
       EXPECT_TRUE(!Une->Ouverte() && F.FMain.Active() && F.FMain.A_Portee()) << Bons;
-      Ecran.Pair.Bons = Bons;
+      P.Avant = [Reste = Bons](std::string_view Appel, int) mutable {
+        if (Appel == "Actualiser" && --Reste == 0) throw std::bad_alloc();
+      };
       try {
         Une->Montrer();
         Montree = true;
       } catch (const std::bad_alloc&) {
         ASSERT_LT(Bons, 20);
       }
-      Ecran.Pair.Bons = -1;
+      P.Avant = {};
     }
     EXPECT_FALSE(F.FMain.A_Portee());
     Une->Dechargement = {};
@@ -148,7 +129,7 @@ TEST_F(Controles_Test, Listes_Hors_De_Leurs_Bornes) {
   };
   Vu();
   EXPECT_THROW(D.DirDirectory.Repertoire("C:\\a"), std::bad_alloc);
-  EXPECT_EQ(Vu(), "77") << "the hourglass, over; the model has not changed";
+  EXPECT_EQ(Vu(), "sablier\nflèche\n") << "the hourglass, over; the model has not changed";
   EXPECT_EQ(D.DirDirectory.Repertoire(), Avant);
   EXPECT_EQ(D.DriveLecteur.Indice(), -1);
   EXPECT_EQ(F.FMain.CchooseNoyau.Indice(), Liste_Deroulante::Aucun);
