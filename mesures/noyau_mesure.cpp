@@ -94,6 +94,7 @@ BENCHMARK(Enumeration_Nue)->RangeMultiplier(10)->Range(100, 100'000);
 
 /// Keeps the processor times of each benchmark, in nanoseconds.
 struct Chronometre : benchmark::ConsoleReporter {
+  Chronometre() : ConsoleReporter(OO_None) {}  // whose colours would begin the first line of the figures
   void ReportRuns(const std::vector<Run>& Passes) override {
     ConsoleReporter::ReportRuns(Passes);
     for (const Run& P : Passes) {

@@ -20,10 +20,7 @@ class Cas : public testing::Test, protected Poste {
   void TearDown() override {
     if (!HasFailure()) return;
     Photographier({GetDesktopWindow()}, Dossier / "echec.png");
-    const std::string Dernieres = Trace();
-    ADD_FAILURE() << "Volet :\n"
-                  << (FMain ? Volet() : "") << "\nLecteur :\n"
-                  << Dernieres.substr(Dernieres.size() - std::min<std::size_t>(1500, Dernieres.size()));
+    ADD_FAILURE() << "Volet :\n" << (FMain ? Volet() : "") << "\nLecteur :\n" << Trace();
   }
 
   /// The box holds exactly that, and the main window waits for its answer.

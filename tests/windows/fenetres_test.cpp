@@ -46,7 +46,7 @@ struct Poste_Natif : Poste_De_Test {
   }
   void Mettre_A_Jour() {
     Lecteur.Rallumer();
-    Programme.F.FMain.CmdMaj.Cliquer();
+    F.FMain.CmdMaj.Cliquer();
   }
   /// Every window in turn, an update, a test of the reader. Voir is called for each open window whenever it shows
   /// something new.
@@ -367,14 +367,11 @@ TEST_F(Fenetres, Menus_Et_Echap_Au_Clavier) {
 }
 
 TEST_F(Fenetres, La_Touche_Tab_Passe_Par_Tous) {
-  std::vector<int> Vus, Voulus;
-  for (const Controle* C : std::initializer_list<const Controle*>{
-           &F.FMain.TxtChooseDirectory, &F.FMain.CmdChooseDirectory, &F.FMain.OptAuto, &F.FMain.CmdMaj,
-           &F.FMain.CmdQuitter, &F.FMain.TxtDetails}) {
-    Voulus.push_back(C->Numero());
-  }
-  SetFocus(GetDlgItem(Poignee_De(F.FMain), F.FMain.TxtDetails.Numero()));
-  for (std::size_t I = 0; I < Voulus.size(); ++I) {
+  // The directory and its button, the mode, the two commands, then the pane again.
+  const std::vector Voulus = {101, 102, 202, 301, 302, 401};
+  std::vector<int> Vus;
+  SetFocus(GetDlgItem(Poignee_De(F.FMain), Voulus.back()));
+  while (Vus.size() < Voulus.size()) {
     PostMessageW(GetFocus(), WM_KEYDOWN, VK_TAB, 1);
     Natif.Traiter_Evenements({});
     Vus.push_back(GetDlgCtrlID(GetFocus()));
