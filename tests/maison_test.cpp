@@ -10,31 +10,22 @@
 #include <set>
 #include <sstream>
 
+#include "tests/Table.h"
+
 namespace {
 
 namespace fs = std::filesystem;
 using Sources = std::map<std::string, std::string>;  // path -> text
 
-/// Each room, by the beginning of its paths, and what it may include beside itself. The longest beginning holds.
-const std::map<std::string, std::vector<std::string>> Pieces = {
-    {"platform/", {}},
-    {"Variables_Globales.h", {"platform/"}},
-    {"logiciel/", {"platform/"}},
-    {"ui/controles/", {"platform/"}},
-    {"ui/", {"platform/", "Variables_Globales.h", "logiciel/", "ui/controles/"}},
-    {"galss/", {"platform/", "Variables_Globales.h", "ui/controles/"}},
-    {"catalogue/", {"platform/", "Variables_Globales.h", "logiciel/", "ui/"}},
-    {"download/", {"platform/", "Variables_Globales.h", "ui/", "galss/"}},
-    {"serial/", {"platform/", "Variables_Globales.h", "ui/", "galss/"}},
-    {"update/", {"platform/", "Variables_Globales.h", "logiciel/", "ui/", "galss/", "catalogue/", "download/"}},
-    {"app/", {"platform/", "Variables_Globales.h", "ui/", "catalogue/", "serial/", "update/"}},
-    {"app/Pavorin.cpp", {"platform/", "app/", "journal/", "windows/", "windows.h"}},
-    {"journal/", {"platform/", "ui/controles/", "galss/", "download/"}},
-    {"windows/systeme/", {"platform/", "windows.h"}},
-    {"windows/fenetres/", {"platform/", "ui/controles/", "windows/systeme/", "windows.h"}},
-    {"simulator/", {"platform/Octets.h", "platform/Bibliotheque_Galss.h"}},
-    {"simulator/Galclw32_dll.cpp", {"simulator/", "windows.h"}},
-};
+/// What the rooms of pieces.txt may include.
+const std::map<std::string, std::vector<std::string>> Pieces = [] {
+  std::map<std::string, std::vector<std::string>> Lues;
+  for (const auto& Ligne : Lire_Table("pieces.txt")) {
+    for (const auto Une : Decouper(Ligne[1], ' ')) Lues[Ligne[0]].emplace_back(Une);
+    Lues[Ligne[0]];
+  }
+  return Lues;
+}();
 
 /// Empty for a file in no room.
 std::string Piece_De(const std::string& Chemin) {

@@ -9,7 +9,7 @@
 
 #include "simulator/Galss_Simulee.h"
 #include "simulator/Lecteur_Serie.h"
-#include "simulator/Lecture_Texte.h"
+#include "tests/Table.h"
 
 namespace {
 
@@ -113,36 +113,11 @@ TEST(Simulateur, Charge_Noyau_Et_Application_Dans_Chaque_Famille) {
 }
 
 TEST(Simulateur, Condamne_Chaque_Faute) {
-  const char* const Cas[][3] = {{"Bt01:10", "bloc sans demande"},
-                                {"Dc0127005000", "version"},
-                                {"Dt0000a05000", "six chiffres"},
-                                {"Dt000000500", "trame inconnue"},
-                                {"Dt0000005000 Bt00:2043", "premier bloc"},
-                                {"Dc0000000010 Bc01:10", "dernier bloc"},
-                                {"Dc0000005000 Bc01:2042", "2042 octets"},
-                                {"Dt0000000010 Bt11:11", "11 octets"},
-                                {"Dc0000005000 Bc03:2043", "type de bloc"},
-                                {"Dc0000005000 Bt01:2043", "autre famille"},
-                                {"Kt Bt10:914", "après la fin"},
-                                {"Kt Dt0000000010", "sans avoir attendu"},
-                                {"Dc0000000010 Dc0000000010", "avant la fin"},
-                                {"Kc L L L Kt", "deux familles"},
-                                {"Kc L L L Kc L Kc", "plus de deux"},
-                                {"F L", "sans exclusivité"},
-                                {"F X L", "hors session"},
-                                {"X", "sans avoir libéré"},
-                                {"Dt0000005000 Bt01:2043 Bt01:2043", "premier bloc"},
-                                {"Dt0000000010 Bt11:10", "après un échec", "demande 1 : longueur capacite+1"},
-                                {"Dt0000005000 Bt01:2043 Bt00:2043", "après un échec", "bloc 1 : longueur 3"},
-                                {"~c Dt0000000010", "comme il avait été", "demande 1 : code 64"},
-                                {"~l Dt0000000010", "longueur de commande", "demande 1 : code 64"},
-                                {"~r Dt0000000010", "comme il avait été", "demande 1 : code 64 octets 00 02"},
-                                {"~k Dt0000000010", "comme il avait été", "demande 1 : code 64"}};
-  for (const auto& [Pas, Reproche, Defaut] : Cas) {
-    Programme P(Defaut == nullptr ? "" : "defaut = " + std::string(Defaut));
-    P.Jouer(Pas);
-    ASSERT_FALSE(P.Lecteur.Fautes().empty()) << Pas;
-    EXPECT_NE(P.Lecteur.Fautes().front().find(Reproche), std::string::npos) << P.Lecteur.Fautes().front();
+  for (const auto& C : Lire_Table("fautes.txt")) {
+    Programme P(C.size() < 3 ? "" : "defaut = " + C[2]);
+    P.Jouer(C[0]);
+    ASSERT_FALSE(P.Lecteur.Fautes().empty()) << C[0];
+    EXPECT_NE(P.Lecteur.Fautes().front().find(C[1]), std::string::npos) << P.Lecteur.Fautes().front();
   }
 }
 
