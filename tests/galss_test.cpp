@@ -61,8 +61,9 @@ TEST(Galss, Connexion_Et_Deconnexion) {
       {"defaut = OuvrirSession : code 4096", 4096, Inconnue, 0, ""},
       {"defaut = DebutExclusivite : code 4", 4, Exclusif, 0, ""},
       // The library writes over the names: only the LAD is spelled anew.
-      {R"(lad = LOG_SV; defaut = OuvrirSession : code 8192 noms A\xC9; defaut = DebutExclusivite : noms C)", 0, Reussie,
-       0, Finie},
+      {R"(lad = LOG_SV; defaut = OuvrirSession : code 8192 noms A\xC9; defaut = OuvrirSession 2 : noms B;
+        defaut = DebutExclusivite : noms C)",
+       0, Reussie, 0, Finie},
       {"defaut = FinExclusivite : code 4", 0, Reussie, 0, Finie},
       {"defaut = FinExclusivite : code 4; defaut = FermerSession : code 8192", 0, Reussie, 8192,
        "Erreur GALSS 8192 : " + Exclusif},

@@ -263,8 +263,9 @@ TEST_F(Mise_A_Jour_Test, Chargement_Refuse) {
 
 TEST_F(Mise_A_Jour_Test, Tailles_De_Fichier) {
   // One block holds 2043 bytes of data at size byte 4.
-  for (const auto& [Taille, Blocs] :
-       {std::pair<std::size_t, int>{1, 1}, {2042, 1}, {2043, 1}, {2044, 2}, {4086, 2}, {4087, 3}, {0, 0}}) {
+  const std::pair<std::size_t, int> Tailles[] = {{0, 0},    {1, 1},    {2042, 1}, {2043, 1},
+                                                 {2044, 2}, {4086, 2}, {4087, 3}, {999999, 490}};
+  for (const auto& [Taille, Blocs] : Tailles) {
     for (const std::size_t Retenus : {0, 3}) {
       SCOPED_TRACE(Taille);
       Preparer(Retenus == 0 ? Avant_200 : Depuis_200, {{"ER0300.ing", Taille + Retenus}});
