@@ -20,7 +20,7 @@ class Cas : public testing::Test, protected Poste {
   void TearDown() override {
     if (!HasFailure()) return;
     Photographier({GetDesktopWindow()}, Dossier / "echec.png");
-    ADD_FAILURE() << "Volet :\n" << (FMain ? Volet() : "") << "\nLecteur :\n" << Trace();
+    ADD_FAILURE() << "Volet :\n" << (IsWindow(FMain.Poignee) ? Volet() : "") << "\nLecteur :\n" << Trace();
   }
 
   /// The box holds exactly that, and the main window waits for its answer.

@@ -76,7 +76,7 @@ TEST_F(Serie, Echecs_Puis_Reponse) {
 TEST_F(Serie, Operateur_Pendant_L_Attente) {
   Demander_Test("silence = tout");
   Demander_Test();
-  Attendre("voyants rouges", [&] { return FMain["ImgRed"].Visible(); });
+  Attendre("fin du premier, dont le second a fermé le port", [&] { return Volet().starts_with("Erreur n° : 8018"); });
   Reussir();
   Demander_Test("silence = tout");
   FMain.Fermer();
