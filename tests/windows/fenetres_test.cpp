@@ -540,15 +540,19 @@ std::size_t Tas_Occupe() {
   return Total;
 }
 
-// The application alone: a kernel's long pauses would show nothing more.
+// The application alone: a kernel's long pauses would show nothing more. The heaps are counted when each PC is gone
+// with all that its reader kept, and when they have been as full before: they keep room for themselves.
 TEST_F(Fenetres, Cinq_Cents_Chargements_Ne_Consomment_Rien) {
-  for (const char* Sorte : {"type_lecteur = LECTEUR BIFENTE 2.0M-XA-V2; type_os = 02; num_version = 0130; ",
-                            "type_lecteur = LEC-V03.00-0065 2.0M-XA-V2; type_os = 04; num_version = 0200; "}) {
-    Poste_Natif P(L"Arial", std::string(Sorte) + "premier_fichier = appli");
-    Fenetre_Principale& FMain = P.F.FMain;
-    FMain.OptManuel.Choisir();
-    const auto Passer = [&](int Fois) {
-      for (int I = 0; I < Fois; ++I) {
+  std::size_t Tas = 0;
+  std::map<std::string, std::pair<std::size_t, std::size_t>> Libres;
+  for (int Tour = 0; Tour < 2; ++Tour) {
+    Tas = Tas_Occupe();
+    for (const char* Sorte : {"type_lecteur = LECTEUR BIFENTE 2.0M-XA-V2; type_os = 02; num_version = 0130; ",
+                              "type_lecteur = LEC-V03.00-0065 2.0M-XA-V2; type_os = 04; num_version = 0200; "}) {
+      Poste_Natif P(L"Arial", std::string(Sorte) + "premier_fichier = appli");
+      Fenetre_Principale& FMain = P.F.FMain;
+      FMain.OptManuel.Choisir();
+      for (int I = 0; I < 125; ++I) {
         FMain.CchosseAppli.Choisir_A_La_Main(0);
         P.Mettre_A_Jour();
         if (I % 50 != 0) continue;
@@ -557,16 +561,12 @@ TEST_F(Fenetres, Cinq_Cents_Chargements_Ne_Consomment_Rien) {
         P.F.FrmResultParam.CmdOK.Cliquer();
       }
       P.Natif.Traiter_Evenements({});
-    };
-    Passer(3);
-    const auto Libres = Restes();
-    const std::size_t Tas = Tas_Occupe();
-    Passer(250);
-    EXPECT_EQ(P.Lecteur.Fichiers().size(), 253U);
-    EXPECT_EQ(Restes(), Libres);
-    EXPECT_GT(Tas, 0U);
-    EXPECT_LT(Tas_Occupe(), Tas + 250 * 2000) << "the reader keeps the 1 014 bytes of each";
+      EXPECT_EQ(P.Lecteur.Fichiers().size(), 125U);
+      EXPECT_EQ(Libres.try_emplace(Sorte, Restes()).first->second, Restes());
+    }
   }
+  EXPECT_GT(Tas, 0U);
+  EXPECT_LT(Tas_Occupe(), Tas + 250 * 100);
 }
 
 }  // namespace
