@@ -123,6 +123,15 @@ TEST_F(Selection_Test, Vingt_Six_Fichiers_Au_Plus_Sans_Perdre_Le_Plus_Recent) {
   EXPECT_EQ(FMain.CchosseAppli.Entrees(), Gardes);
 }
 
+TEST_F(Selection_Test, Un_Genre_Sans_Fichier) {
+  Disque.Poser("D:\\E0302.ing");
+  Demarrer_Sur({"Fexa0300.ing"});
+  FMain.TxtChooseDirectory.Texte("D:");
+  EXPECT_EQ(FMain.CchooseNoyau.Texte(), Aucune);
+  FMain.TxtChooseDirectory.Texte("C:\\Logiciels");
+  EXPECT_EQ(FMain.CchosseAppli.Texte(), Aucune);
+}
+
 TEST_F(Selection_Test, Mode_Manuel) {
   Demarrer_Sur({"E0127.ing", "ET0302.ing", "Fexa0300.ing"});
   Ecran.A_La_Boite = [this] {
