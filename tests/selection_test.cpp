@@ -263,6 +263,7 @@ TEST_F(Selection_Test, Une_Fenetre_Rouverte_Est_Comme_Neuve) {
   App.F.FrmAnimCharg.Montrer();
   EXPECT_EQ(Faits(),
             Recit("FMain montrée; FMain inactive; LblTitre = Chargement en cours ...; FrmAnimCharg montrée; "));
+  EXPECT_FALSE(FMain.Active()) << "disabled, besides being covered";
   EXPECT_EQ(FMain.CchosseAppli.Indice(), -1);
   EXPECT_TRUE(FMain.CchosseAppli.Entrees().empty());
   auto& Arbre = App.F.FDossierING.DirDirectory;

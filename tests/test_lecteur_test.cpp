@@ -51,6 +51,7 @@ TEST_F(Test_Lecteur_Test, Lecteur_A_9600) {
     LblTypeLec = INGENICO  650; LblNumSerie = N° 42; LblTypeOS = 03; LblNameAppli = Vitale; LblNumVersion = 1.27;
     LblDate = 13 octobre 2005; LblHeure = 09:05; LblCRC = 1A2B; FrmResultParam montrée; port fermé; )"));
   EXPECT_LE(Ecran.Plus_Longue.count(), 10);
+  EXPECT_FALSE(FMain.Active());
   Fiche.CmdOK.Cliquer();
   EXPECT_EQ(Faits(), Recit("FMain active; FrmResultParam fermée; FMain devant; "));
   Tester();
