@@ -1,6 +1,6 @@
 // Every measure of the program itself, one line each: what, figure, target, met or short. Runs in the Windows
 // session, beside the program, under Wine:
-//   banc STAGES...             ligne_galss, depart, attentes, memoire, serie; all unless named
+//   banc STAGES...             ligne_galss, depart, attentes, serie; all unless named
 //   banc systeme               the main window as the system makes one, against which the start is measured
 
 #include <fstream>
@@ -29,9 +29,9 @@ struct Banc : Poste {
     Lancer({.Logiciels = Logiciels, .Repertoire = std::move(Repertoire), .Bibliotheque = Chronometre});
     Ecrire(Dossier / "attente.txt", std::to_string(Attente_Ms));
   }
-  void Mettre_A_Jour(std::string_view Reponse) {
+  void Mettre_A_Jour() {
     Demander_Mise_A_Jour();
-    Boite("TELECHARGER").Repondre(Reponse);
+    Boite("TELECHARGER").Repondre("Oui");
   }
   /// Blocks, microseconds inside the library, microseconds in all.
   std::array<double, 3> Chrono(double Secondes) const {
@@ -46,34 +46,22 @@ struct Banc : Poste {
     for (double& Un : Lus) Texte >> Un;
     return Lus;
   }
-  /// What the system under Wine tells of the program.
-  std::istringstream Compte(const char* Fichier) const {
+  /// Hundredths of a second of a processor that the program has taken, as the system under Wine counts them.
+  double Centiemes() const {
     const std::string Le_Notre = "PAVORIN_PREFIXE=" + Variable(L"PAVORIN_PREFIXE") + '\0';
     for (const auto& Processus : fs::directory_iterator("Z:\\proc")) {
-      const bool Pavorin = Lire(Processus.path() / "cmdline").find("\\Pavorin.exe") != std::string::npos;
-      if (Pavorin && Lire(Processus.path() / "environ").find(Le_Notre) != std::string::npos)
-        return std::istringstream(Lire(Processus.path() / Fichier));
+      if (Lire(Processus.path() / "cmdline").find("\\Pavorin.exe") == std::string::npos ||
+          Lire(Processus.path() / "environ").find(Le_Notre) == std::string::npos)
+        continue;
+      std::istringstream Champs(Lire(Processus.path() / "stat"));
+      double Lui = 0, Systeme = 0;
+      std::string Champ;
+      std::getline(Champs, Champ, ')');
+      for (int I = 0; I < 11; ++I) Champs >> Champ;
+      Champs >> Lui >> Systeme;
+      return Lui + Systeme;
     }
     throw Pas_Venu("le programme ne tourne pas");
-  }
-  /// Kilobytes that belong to the program alone.
-  double Prives() const {
-    auto Lignes = Compte("smaps_rollup");
-    double Total = 0, Ko = 0;
-    for (std::string Mot; Lignes >> Mot;) {
-      if (Mot.starts_with("Private_") && Lignes >> Ko) Total += Ko;
-    }
-    return Total;
-  }
-  /// Hundredths of a second of a processor that the program has taken: two fields, the twelfth after its name.
-  double Centiemes() const {
-    auto Champs = Compte("stat");
-    double Lui = 0, Systeme = 0;
-    std::string Champ;
-    std::getline(Champs, Champ, ')');
-    for (int I = 0; I < 11; ++I) Champs >> Champ;
-    Champs >> Lui >> Systeme;
-    return Lui + Systeme;
   }
   /// Percent of one processor that the program takes.
   double Processeur(double Secondes) const {
@@ -94,66 +82,34 @@ struct Banc : Poste {
   }
 };
 
-struct Passe {
-  double Blocs, Dedans, Total, Croissance;
-};
-Passe Transferer(Banc& B, double Octets, int Attente_Ms) {
+/// Blocks, microseconds inside the library, microseconds in all.
+std::array<double, 3> Transferer(Banc& B, double Octets, int Attente_Ms) {
   B.Installer({{"E0300.ing", Contenu("APPLICATION", static_cast<std::size_t>(Octets))}}, Attente_Ms);
-  B.Mettre_A_Jour("Oui");
-  Sleep(500);
-  const double Avant = B.Prives();
-  const auto [Blocs, Dedans, Total] = B.Chrono(90);
-  return {Blocs, Dedans, Total, B.Prives() - Avant};
-}
-
-// The same reads and exchanges as a transfer, without the program; the library writes the times.
-void Boucle_Nue(const Banc& B) {
-  using Un_Echange =
-      std::int16_t __stdcall(std::int16_t, std::int16_t, std::uint8_t*, std::int32_t*, std::uint8_t*, std::int32_t*);
-  const HMODULE Dll = LoadLibraryW((B.Dossier / "Galclw32.dll").c_str());
-  auto* const Echange = reinterpret_cast<Un_Echange*>(reinterpret_cast<void*>(GetProcAddress(Dll, "Echange")));
-  std::ifstream Fichier(B.Dossier / "Logiciels/E0300.ing", std::ios::binary);
-  std::uint8_t Trame[5 + 2043] = {1, 0, 0, 0x98, 1}, Reponse[2];
-  while (Fichier.read(reinterpret_cast<char*>(Trame + 5), sizeof Trame - 5), Fichier.gcount() > 0) {
-    if (Fichier.peek() == EOF) Trame[4] |= 0x10;
-    std::int32_t Longueur = static_cast<std::int32_t>(5 + Fichier.gcount()), Recus = sizeof Reponse;
-    Echange(0, 0, Trame, &Longueur, Reponse, &Recus);
-    Trame[4] = 0;
-  }
-  FreeLibrary(Dll);
+  B.Mettre_A_Jour();
+  return B.Chrono(120);
 }
 
 // At 50 ms every block is painted already: at 178 ms, 2 KB at 115200 bauds, one size tells all.
 void Ligne_Galss(Banc& B) {
-  Releves Croissances, Propres, Nus;
-  for (const auto& [Attente, Blocs, Cible] : {std::tuple{10, 100, 98.0},
-                                              {10, 200, 98.0},
-                                              {10, 490, 98.0},
-                                              {50, 100, 99.3},
-                                              {50, 200, 99.3},
-                                              {50, 490, 99.3},
-                                              {178, 100, 99.7}}) {
-    Releves Parts;
-    for (int I = 0; I < Tours; ++I) {
-      const Passe P = Transferer(B, std::min(Blocs * Bloc, 999'999.0), Attente);
-      Parts.push_back(P.Dedans / P.Total * 100);
-      if (Blocs == 490) Croissances.push_back(P.Croissance);
+  for (const auto& [Attente, Cible] : {std::pair{10, 98.0}, {50, 99.3}, {178, 99.7}}) {
+    for (const int Blocs : {100, 200, 490}) {
+      if (Attente == 178 && Blocs > 100) break;
+      Releves Parts;
+      for (int I = 0; I < Tours; ++I) {
+        const auto [Passes, Dedans, Total] = Transferer(B, std::min(Blocs * Bloc, 999'999.0), Attente);
+        Parts.push_back(Dedans / Total * 100);
+      }
+      Ligne("line: inside Echange, " + std::to_string(Blocs) + " blocks, answers after " + std::to_string(Attente) +
+                " ms",
+            Parts, "%", Sens::Au_Moins, Cible);
     }
-    Ligne(
-        "line: inside Echange, " + std::to_string(Blocs) + " blocks, answers after " + std::to_string(Attente) + " ms",
-        Parts, "%", Sens::Au_Moins, Cible);
   }
-  Ligne("memory: growth over a transfer of 999 999 bytes", Croissances, "KB", Sens::Au_Plus, 128);
+  Releves Propres;
   for (int I = 0; I < Tours; ++I) {
-    const Passe P = Transferer(B, 999'999, 0);
-    Propres.push_back((P.Total - P.Dedans) / (P.Blocs - 1));
-    B.Programme.Tuer();
-    Boucle_Nue(B);
-    const auto [Blocs, Dedans, Total] = B.Chrono(30);
-    Nus.push_back((Total - Dedans) / (Blocs - 1));
+    const auto [Blocs, Dedans, Total] = Transferer(B, 999'999, 0);
+    Propres.push_back((Total - Dedans) / (Blocs - 1));
   }
   Ligne("line: own cost of a block, answers at once", Propres, "us", Sens::Au_Plus, 60);
-  Ligne("line: a block of the bare loop", Nus, "us");
 }
 
 /// Milliseconds until a program's window is visible, then until it waits for the operator.
@@ -214,20 +170,10 @@ void Attendre_En_Repos(const Banc& B, const std::string& Quoi, double Secondes,
 
 void Attentes(Banc& B) {
   B.Installer({{"Fexa0500.ing", Contenu("NOYAU", 3000)}});
-  B.Mettre_A_Jour("Oui");
+  B.Mettre_A_Jour();
   B.Chrono(20);
   Sleep(500);
   Attendre_En_Repos(B, "the 25 s pause", 4, [] {});
-}
-
-void Memoire(Banc& B) {
-  B.Installer({{"E0300.ing", Contenu("APPLICATION", 3000)}});
-  double Avant = 0;
-  for (int Tour = 0; Tour < 200; ++Tour) {
-    B.Mettre_A_Jour("Non");
-    if (Tour == 20) Avant = B.Prives();
-  }
-  Ligne("memory: growth over 180 updates", {B.Prives() - Avant}, "KB", Sens::Au_Plus, 128);
 }
 
 // The reader sends byte by byte, at the pace of 9600 bauds; its record counts them.
@@ -273,7 +219,7 @@ int main(int Nombre, char** Arguments) try {
   if (std::ranges::count(Voulues, "systeme") > 0) return Montrer_Fenetre_Du_Systeme();
   Banc B;
   const std::pair<const char*, void (*)(Banc&)> Etapes[] = {
-      {"ligne_galss", Ligne_Galss}, {"depart", Depart}, {"attentes", Attentes}, {"memoire", Memoire}, {"serie", Serie}};
+      {"ligne_galss", Ligne_Galss}, {"depart", Depart}, {"attentes", Attentes}, {"serie", Serie}};
   for (const auto& [Nom, Mesurer] : Etapes) {
     if (Voulues.empty() || std::ranges::count(Voulues, Nom) > 0) Mesurer(B);
   }
