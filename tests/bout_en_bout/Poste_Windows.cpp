@@ -11,8 +11,9 @@
 
 namespace {
 
-// Of whatever program looks at windows: output in UTF-8, places in real pixels, before it does anything.
-[[maybe_unused]] const bool Session_Prete = SetConsoleOutputCP(CP_UTF8) && SetProcessDPIAware();
+// Of whatever program looks at windows: places in real pixels, output in UTF-8 where there is a console, before it
+// does anything.
+[[maybe_unused]] const bool Session_Prete = SetProcessDPIAware() && SetConsoleOutputCP(CP_UTF8);
 
 constexpr const char* Classe_Boite = "#32770";
 
