@@ -70,16 +70,6 @@ struct Banc : Poste {
     Sleep(static_cast<DWORD>(Secondes * 1000));
     return (Centiemes() - Avant) / Millisecondes(Horloge::now() - Debut).count() * 1e3;
   }
-  /// The longest of so many answers of the main window, in milliseconds.
-  double Reponse(int Fois) const {
-    double Pire = 0;
-    for (int I = 0; I < Fois; ++I, Sleep(37)) {
-      const auto Debut = Horloge::now();
-      FMain.Envoyer(WM_NULL);
-      Pire = std::max(Pire, Millisecondes(Horloge::now() - Debut).count());
-    }
-    return Pire;
-  }
 };
 
 /// Blocks, microseconds inside the library, microseconds in all.
@@ -158,14 +148,12 @@ void Depart(Banc& B) {
 /// So long, so many times, in a wait that Commencer begins.
 void Attendre_En_Repos(const Banc& B, const std::string& Quoi, double Secondes,
                        const std::function<void()>& Commencer) {
-  Releves Parts, Reponses;
+  Releves Parts;
   for (int I = 0; I < Tours; ++I) {
     Commencer();
     Parts.push_back(B.Processeur(Secondes));
-    Reponses.push_back(B.Reponse(10));
   }
   Ligne("wait: processor during " + Quoi, Parts, "%", Sens::Au_Plus, 1);
-  Ligne("wait: longest answer of the window meanwhile", Reponses, "ms", Sens::Au_Plus, 50);
 }
 
 void Attentes(Banc& B) {
@@ -223,8 +211,6 @@ int main(int Nombre, char** Arguments) try {
   for (const auto& [Nom, Mesurer] : Etapes) {
     if (Voulues.empty() || std::ranges::count(Voulues, Nom) > 0) Mesurer(B);
   }
-  Ligne("size: program file", {static_cast<double>(fs::file_size(Poste::Programmes() / "Pavorin.exe")) / 1000}, "KB",
-        Sens::Au_Plus, 1000);
 } catch (const std::exception& Erreur) {
   std::printf("%s\n", Erreur.what());
   return 2;

@@ -146,8 +146,6 @@ void Conclure(std::map<std::string, Releves>& Temps) {
     Ligne("core: catalogue of " + N + " files, beside the bare enumeration",
           Rapport(Temps["Catalogue/" + N], Temps["Enumeration_Nue/" + N]), "times", Sens::Au_Plus, 1.3);
   }
-  Ligne("core: catalogue of 100 000 files beside 1 000", Rapport(Temps["Catalogue/100000"], Temps["Catalogue/1000"]),
-        "times", Sens::Au_Plus, 130);
 }
 
 }  // namespace

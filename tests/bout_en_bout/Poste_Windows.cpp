@@ -27,7 +27,7 @@ const std::map<std::string_view, std::string_view> Titres = {{"FMain", "Pavorin 
 // clang-format off
 const std::multimap<std::string_view, int> Numeros = {
     {"TxtChooseDirectory", 101}, {"CmdChooseDirectory", 102}, {"OptManuel", 201}, {"OptAuto", 202},
-    {"CchosseAppli", 204}, {"CchooseNoyau", 206}, {"lblvers1", 210}, {"CmdMaj", 301}, {"CmdQuitter", 302},
+    {"CchosseAppli", 204}, {"CchooseNoyau", 206}, {"CmdMaj", 301}, {"CmdQuitter", 302},
     {"TxtDetails", 401}, {"ImgRed", 403}, {"MnLecteur", 502}, {"MnQuitter", 504}, {"MnApropos", 511},
     {"DirDirectory", 601}, {"CmdOK", 603}, {"LblTitre", 701}, {"LblDate", 816}, {"CmdOK", 821}, {"CmdOK", 909}};
 // clang-format on

@@ -57,9 +57,6 @@ class Demonstration : Poste {
     const Boite_Vue Message = Boite("Télécharger");
     Photo("message-manuel", Message);
     Message.Repondre();
-    FMain["CchosseAppli"].Choisir(Appli);
-    Attendre("version choisie", [&] { return FMain["lblvers1"].Texte() == "02.10"; });
-    Photo("mode-manuel", FMain);
     FMain["OptAuto"].Cliquer();
   }
 
