@@ -16,11 +16,19 @@ const std::map<std::string, decltype(Cas::Coup::Porter)> Coups_Au_Poste = {
      [](auto& E, auto& Taille) {
        for (auto& [Chemin, Donnees] : E.Disque.Fichiers) Donnees = Contenu_De(Chemin, std::stoul(Taille));
      }},
-    {"clic", [](auto& E, auto& Nom) { E.Agir_Si_Permis(Nom); }},
+    {"clic",
+     [](auto& E, auto& Nom) {
+       for (const auto& [Une, Faire] : Actions_Permises(E.App.F))
+         if (Une == Nom) return E.Agir(Faire);
+     }},
     {"erreur", [](auto&, auto& Numero) { throw Erreur(std::stoi(Numero), "Panne"); }},
     {"memoire", [](auto&, auto&) { throw std::bad_alloc(); }},
     {"inconnue", [](auto&, auto&) { throw std::out_of_range("panne"); }},
 };
+
+/// Where no procedure has a handler: a failure comes out of the operator's action.
+constexpr std::string_view Sans_Traitant[] = {
+    "Boite_Message", "Chercher", "Sous_Repertoires", "Lecteurs", "Repertoire_Courant", "Lire_Profil", "Creer"};
 
 }  // namespace
 
@@ -39,28 +47,23 @@ Cas::Cas(std::string_view Nom)
       Texte_Lecteur += "\ndefaut = " + P;
     } else {
       const auto Chiffre = P.find_first_of("0123456789"), Fois = P.find("_fois_"), Effet = P.find(':') + 1;
-      const auto Suite = std::min(P.find('_', Effet), P.size() - 1);
+      const auto Fin = std::min(P.find('_', Effet), P.size() - 1);
       const int Rang = std::stoi(P.substr(Chiffre)), En_Plus = Fois == P.npos ? 0 : std::stoi(P.substr(Fois + 6)) - 1;
       const auto Porter = Coups_Au_Poste.at(P.substr(Effet, P.find('_', Effet) - Effet));
-      Au_Poste.push_back({P.substr(0, Chiffre - 1), Rang, Rang + En_Plus, Porter, P.substr(Suite + 1)});
+      Au_Poste.push_back({P.substr(0, Chiffre - 1), Rang, Rang + En_Plus, Porter, P.substr(Fin + 1)});
     }
   }
 }
 
 Octets Contenu_De(std::string_view Chemin, std::size_t Taille) {
   Octets Donnees = Contenu(Taille);
-  if (Egal_Sans_Casse(Chemin.substr(Chemin.rfind('\\') + 1, 1), "F")) return Donnees;
-  for (auto& Octet : Donnees) Octet = static_cast<std::uint8_t>(~Octet);
+  if (!Egal_Sans_Casse(Chemin.substr(Chemin.rfind('\\') + 1, 1), "F"))
+    for (auto& Octet : Donnees) Octet = static_cast<std::uint8_t>(~Octet);
   return Donnees;
 }
 
 Epreuve::Epreuve(std::string_view Nom) : Cas(Nom), Poste_De_Test(Texte_Lecteur) {
   Ecran.Ne_Plus_Regarder();
-  for (const std::string Repertoire : {"C:\\Pavorin\\", "C:\\Pavorin\\Logiciels\\"}) {
-    const std::string Noyau = Repertoire + "Fexa0500.ing", Appli = Repertoire + "ER0300.ing";
-    if (Choix.Noyau != 0) Disque.Poser(Noyau, Contenu_De(Noyau, Choix.Noyau));
-    if (Choix.Appli != 0) Disque.Poser(Appli, Contenu_De(Appli, Choix.Appli));
-  }
   Profil.Repertoire() = Cp1252_De_Texte("C:\\Pavorin");
   Retablir();
   FMain.TxtDetails.Changement = [this] {
@@ -71,6 +74,12 @@ Epreuve::Epreuve(std::string_view Nom) : Cas(Nom), Poste_De_Test(Texte_Lecteur) 
 }
 
 void Epreuve::Retablir() {
+  Disque.Ordre.clear();
+  for (const std::string Repertoire : {"C:\\Pavorin\\", "C:\\Pavorin\\Logiciels\\"}) {
+    const std::string Noyau = Repertoire + "Fexa0500.ing", Appli = Repertoire + "ER0300.ing";
+    if (Choix.Noyau != 0) Disque.Poser(Noyau, Contenu_De(Noyau, Choix.Noyau));
+    if (Choix.Appli != 0) Disque.Poser(Appli, Contenu_De(Appli, Choix.Appli));
+  }
   Processus.Actifs = {{41, "galsvw32.exe"}, {42, "autre.exe"}};
   Port.Arrivees.clear();
   Port.Tampon_.clear();
@@ -82,43 +91,29 @@ void Epreuve::Agir(const std::function<void()>& Action) {
   try {
     Action();
   } catch (const std::exception&) {
-    ++Vus_.Echappees;
+    Exiger(std::ranges::count(Sans_Traitant, Vus_.Frappe) > 0, "erreur échappée");
   }
-}
-
-void Epreuve::Agir_Si_Permis(const std::string& Nom) {
-  const Actions Toutes = Actions_Permises(App.F);
-  const auto Une = std::ranges::find(Toutes, Nom, &Actions::value_type::first);
-  if (Une != Toutes.end()) Agir(Une->second);
 }
 
 void Epreuve::Passer_Appel(std::string_view Appel) {
-  const int Rang = ++Appels[Appel];
   if (Appel == "Boite_Message") Vus_.Recit += "[" + Lisible(Ecran.Boites.back()) + "]\n";
-  if (Appel == "Traiter_Evenements") {
+  if (Appel == "Traiter_Evenements")
     Exiger(Ecran.Eveille || !App.F.FrmAnimCharg.Ouverte(), "PC qui peut s'endormir pendant un chargement");
-    if (Relever_) Permises.emplace_back();
-    for (const auto& [Nom, Faire] : Relever_ ? Actions_Permises(App.F) : Actions()) Permises.back().push_back(Nom);
+  if (Reprise_) return;
+  const int Rang = ++Appels[Appel];
+  if (Relever_ && Appel == "Traiter_Evenements") {
+    Permises.emplace_back();
+    for (const auto& [Nom, Faire] : Actions_Permises(App.F)) Permises.back().push_back(Nom);
   }
-  // While a file or the port is open, a procedure that has a handler runs.
-  const bool Tenu = Appel == "Creer" && (Disque.Ouverts > 0 || Port.Ouvert());
   for (const auto& C : Au_Poste) {
     if (C.Appel != Appel || Rang < C.Rang || Rang > C.Dernier) continue;
-    try {
-      C.Porter(*this, C.Suite);
-    } catch (const std::exception&) {
-      ++Vus_.Levees[Tenu ? "Creer tenu" : Appel];
-      if (C.Suite == "48") ++Vus_.Levees["sans bibliothèque"];
-      throw;
-    }
+    Vus_.Frappe = Appel;
+    C.Porter(*this, C.Suite);
   }
 }
 
 void Epreuve::Jouer(const std::function<void(Epreuve&)>& Jeu) {
-  Vus_ = {Temps.Maintenant, Lecteur.Fautes().size(), Lecteur.Fichiers().size()};
-  Appels.clear();
-  Processus.Termines.clear();
-  FMain.CmdQuitter.Active(Quitter_Offert_);
+  Vus_ = {Lecteur.Fichiers().size()};
   try {
     Jeu(*this);
   } catch (const Programme_Arrete&) {
@@ -135,8 +130,6 @@ void Epreuve::Reprendre() {
   const auto [Claire, Premiere] = Claires.try_emplace(Nom_Scenario);
   if (Premiere) Epreuve(Nom_Scenario).Passer();
   Reprise_ = true;
-  Relever_ = Quitter_Offert_ = false;
-  Au_Poste.clear();
   Lecteur.Oublier_Defauts();
   Lecteur.Rallumer();
   Retablir();
@@ -148,25 +141,16 @@ void Epreuve::Reprendre() {
     E.Mettre_A_Jour();
     E.Tester();
   });
-  if (!Ordinaire) return;
   if (Claire->second.empty()) Claire->second = Vus_.Recit;
-  Exiger(Vus_.Recit == Claire->second, "récit au lieu de celui d'un poste neuf :\n" + Vus_.Recit);
+  Exiger(!Ordinaire || Vus_.Recit == Claire->second, "récit au lieu de celui d'un poste neuf :\n" + Vus_.Recit);
 }
 
 void Epreuve::Passer(bool Relever_Actions) {
-  const auto Ordre = Disque.Ordre;
-  const auto Fichiers = Disque.Fichiers;
-  Ancien_Reglage_ = Profil.Repertoire();
   Relever_ = Relever_Actions;
   Choix.Preparer(*this);
-  Quitter_Offert_ = Relever_ || Operateur;
   Pannes_.Avant = [this](std::string_view Appel, int) { Passer_Appel(Appel); };
   Jouer(Choix.Jouer);
-  auto Premiers = Appels;
   for (const Cible Quoi : {Cible::Appel, Cible::Echange})
-    Premiers[Noms_Cibles[static_cast<std::size_t>(Quoi)]] = Lecteur.Nombre(Quoi);
-  Disque.Ordre = Ordre;
-  Disque.Fichiers = Fichiers;
+    Appels[Noms_Cibles[static_cast<std::size_t>(Quoi)]] = Lecteur.Nombre(Quoi);
   if (!Arrete_ && FMain.Ouverte()) Reprendre();
-  Appels = Premiers;
 }

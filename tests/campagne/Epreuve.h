@@ -13,9 +13,6 @@
 using Actions = std::vector<std::pair<std::string, std::function<void()>>>;
 Actions Actions_Permises(Fenetres& F);
 
-using Choix_Offerts = std::vector<std::vector<std::string>>;  ///< their names, at each yield
-using Comptes = std::map<std::string_view, int>;              ///< of calls, by name
-
 class Epreuve;
 struct Scenario_Campagne;
 
@@ -43,19 +40,14 @@ class Epreuve : private Cas, public Poste_De_Test {
   /// Plays and judges both runs; what follows tells of them.
   void Passer(bool Relever_Actions = false);
   std::vector<std::string> Plaintes;
-  std::string Histoire;    ///< all that the pane said, each box whole at its place
-  Comptes Appels;          ///< of the first run's platform; of the library by its targets' names too
-  Choix_Offerts Permises;  ///< in the first run, when asked for
+  std::string Histoire;                            ///< all that the pane said, each box whole at its place
+  std::map<std::string_view, int> Appels;          ///< the first run's: of the platform, and of the library's targets
+  std::vector<std::vector<std::string>> Permises;  ///< the actions at each yield of the first run, when asked for
 
   /// What the operator does, as a window procedure runs it: a failure stops there, not the program's end.
   void Agir(const std::function<void()>& Action);
-  void Agir_Si_Permis(const std::string& Nom);
-  void Mettre_A_Jour() {
-    Agir([this] { FMain.CmdMaj.Cliquer(); });
-  }
-  void Tester() {
-    Agir([this] { FMain.MnLecteur.Cliquer(); });
-  }
+  void Mettre_A_Jour() { Agir(std::bind_front(&Bouton::Cliquer, &FMain.CmdMaj)); }
+  void Tester() { Agir(std::bind_front(&Entree_Menu::Cliquer, &FMain.MnLecteur)); }
 
   Fenetre_Principale& FMain = App.F.FMain;
 
@@ -64,25 +56,18 @@ class Epreuve : private Cas, public Poste_De_Test {
   void Passer_Appel(std::string_view Appel);
   void Jouer(const std::function<void(Epreuve&)>& Jeu);
   void Reprendre();
-
   void Exiger(bool Vrai, const std::string& Plainte);
   void Juger();
-  void Juger_Poste();
   void Juger_Lecteur();
   void Juger_Mise_A_Jour();
-  void Juger_Test();
-  int Dit(std::string_view Lettres) const;
 
   Lecteur_Serie Serie_{Scenario_De(Texte_Lecteur)};
-  bool Relever_ = false, Quitter_Offert_ = true, Reprise_ = false, Arrete_ = false;
+  bool Relever_ = false, Reprise_ = false, Arrete_ = false;
   std::string Details_;
-  Octets Ancien_Reglage_;
   /// Of one run.
   struct Faits {
-    double Debut;
-    std::size_t Fautes, Fichiers;          // of the reader, before it
-    int Echappees = 0;                     // failures that came out of an operator's action
-    Comptes Levees = {};                   // failures raised
+    std::size_t Fichiers;                  // that the reader had received before it
+    std::string_view Frappe = {};          // the call struck last
     std::string Recit = {}, Lettres = {};  // its story; the same, a letter a line
   } Vus_;
 };

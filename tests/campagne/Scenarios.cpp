@@ -25,9 +25,8 @@ void Ouvrir_Tout(Epreuve& E) {
 }
 void Demarrer(Epreuve& E) {
   E.Agir([&] { E.Demarrer(); });
-  for (const char* Repertoire : {"C:\\Pavorin\\Vide", "C:\\Pavorin\\Logiciels"}) {
+  for (const char* Repertoire : {"C:\\Pavorin\\Vide", "C:\\Pavorin\\Logiciels"})
     E.Agir([&] { E.FMain.TxtChooseDirectory.Texte(Repertoire); });
-  }
 }
 void Choisir_Dossier(Epreuve& E) {
   auto& Dossier = E.App.F.FDossierING;

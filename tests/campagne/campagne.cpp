@@ -3,13 +3,11 @@
 //
 // The parts of a campaign go through the same cases in the same order and number them with Est_A_Moi.
 // What a case alone can tell (the second action) is played at once by the same part, without a number.
-// So a new kind of case needs one function that asks Est_A_Moi before each Passer, called by Tout.
 
 #include <sys/time.h>
 
 #include <csignal>
 #include <cstdio>
-#include <ctime>
 #include <fstream>
 
 #include "simulator/Lecture_Texte.h"
@@ -26,23 +24,31 @@ void Mourir(int Signal) {
   std::_Exit(1);
 }
 
+// "a,b,1..3": a, b, 1, 2 and 3.
+std::vector<std::string> Valeurs(const std::string& Liste) {
+  std::vector<std::string> Toutes;
+  for (const auto Mot : Decouper(Liste, ',')) {
+    const auto Points = Mot.find("..");
+    Toutes.emplace_back(Mot.substr(0, Points));
+    while (Points != Mot.npos && Toutes.back() != Mot.substr(Points + 2))
+      Toutes.push_back(std::to_string(std::stoi(Toutes.back()) + 1));
+  }
+  return Toutes;
+}
+
 struct Campagne {
   void Tout() {
     for (const auto& [Nom, Scenario] : Scenarios_Campagne) {
       const auto Claire = Passer(Nom, true);
       std::ifstream Coups(CAMPAGNE "/coups.txt");
-      for (std::string Ligne, Pour, Coup; std::getline(Coups, Ligne);) {
-        std::istringstream(Ligne) >> Pour >> Coup;
-        if (Concerne(Pour, Nom)) Frapper(Nom + "/" + Coup, Claire->Appels);
+      for (std::string Pour, Coup; Coups >> Pour && std::getline(Coups, Coup);) {
+        // In the scenarios with more windows the operator alone differs.
+        const bool Tous = Pour == "*" && !Nom.ends_with("-fenetres");
+        if (Tous || std::ranges::count(Decouper(Pour, ','), Nom) > 0) Frapper(Nom + "/" + Coup.substr(1), *Claire);
       }
       if (!Coups.eof()) throw std::runtime_error("coups.txt");
       Operer(Nom + "/", Claire->Permises);
     }
-  }
-
-  // In the scenarios with more windows the operator alone differs.
-  static bool Concerne(const std::string& Pour, const std::string& Nom) {
-    return Pour == "*" ? !Nom.ends_with("-fenetres") : std::ranges::count(Decouper(Pour, ','), Nom) > 0;
   }
 
   std::unique_ptr<Epreuve> Passer(const std::string& Nom, bool Relever = false) {
@@ -59,23 +65,15 @@ struct Campagne {
   bool Est_A_Moi() { return Suivant++ % Sur == Part; }
 
   // Once for each value of its braces, then for each rank of its call.
-  void Frapper(const std::string& Nom, const Comptes& Appels) {
+  void Frapper(const std::string& Nom, const Epreuve& Claire) {
     const auto Debut = Nom.find('{'), Fin = Nom.find('}'), Diese = Nom.find('#');
-    const auto Garnir = [&](std::size_t Place, std::size_t Taille, int Premier, int Dernier) {
-      for (int I = Premier; I <= Dernier; ++I)
-        Frapper(std::string(Nom).replace(Place, Taille, std::to_string(I)), Appels);
-    };
     if (Debut != Nom.npos) {
-      for (const auto Mot : Decouper(std::string_view(Nom).substr(Debut + 1, Fin - Debut - 1), ',')) {
-        const std::string Valeur(Mot);
-        const auto Points = Valeur.find("..");
-        if (Points == Valeur.npos) Frapper(std::string(Nom).replace(Debut, Fin + 1 - Debut, Valeur), Appels);
-        if (Points != Valeur.npos)
-          Garnir(Debut, Fin + 1 - Debut, std::stoi(Valeur), std::stoi(Valeur.substr(Points + 2)));
-      }
+      for (const auto& Valeur : Valeurs(Nom.substr(Debut + 1, Fin - Debut - 1)))
+        Frapper(std::string(Nom).replace(Debut, Fin + 1 - Debut, Valeur), Claire);
     } else if (Diese != Nom.npos) {
-      const auto Appel = Appels.find(Nom.substr(Nom.find('/') + 1, Diese - Nom.find('/') - 2));
-      Garnir(Diese, 1, 1, Appel == Appels.end() ? 0 : Appel->second);
+      const auto Appel = Claire.Appels.find(Nom.substr(Nom.find('/') + 1, Diese - Nom.find('/') - 2));
+      for (int Rang = 1; Appel != Claire.Appels.end() && Rang <= Appel->second; ++Rang)
+        Frapper(std::string(Nom).replace(Diese, 1, std::to_string(Rang)), Claire);
     } else if (Est_A_Moi()) {
       Passer(Nom);
     }
@@ -83,7 +81,7 @@ struct Campagne {
 
   // Each action at each yield; then, where the choice of actions changes, each second action there
   // and at the next yield.
-  void Operer(const std::string& Nom, const Choix_Offerts& Toutes) {
+  void Operer(const std::string& Nom, const auto& Toutes) {
     const auto Clic = [](std::size_t Rang, const std::string& Action) {
       return "Traiter_Evenements_" + std::to_string(Rang + 1) + ":clic_" + Action;
     };
@@ -94,9 +92,8 @@ struct Campagne {
         const std::string Debut = Nom + Clic(I, A);
         const auto Suites = Passer(Debut, Nouveau)->Permises;
         if (I + 1 >= Suites.size()) continue;
-        for (const auto& Autre : Suites[I + 1]) {
+        for (const auto& Autre : Suites[I + 1])
           for (const std::size_t Second : {I, I + 1}) Passer(Debut + "," + Clic(Second, Autre));
-        }
       }
     }
   }
@@ -114,7 +111,6 @@ int main(int Nombre, char** Arguments) {
     for (const int Signal : {SIGPROF, SIGABRT, SIGSEGV}) std::signal(Signal, Mourir);
     if (Nombre == 3) C.Part = std::stoi(Arguments[1]), C.Sur = std::stoi(Arguments[2]);
     C.Tout();
-    std::printf("%ld s de processeur\n", std::clock() / CLOCKS_PER_SEC);
   }
   std::printf("%d passed, %d failed\n", C.Passes, C.Echecs);
   return C.Echecs != 0;
