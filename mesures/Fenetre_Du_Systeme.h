@@ -9,8 +9,8 @@
 
 class Fenetre_Du_Systeme : Fenetrage {
  public:
-  /// Shown and painted.
-  void Ouvrir() {
+  /// Shown and painted; until the process is ended.
+  int Montrer() {
     Entete();
     for (const Controle* Un : FMain_.Controles()) Ajouter(*Un);
     const HWND Dialogue = CreateDialogIndirectParamW(nullptr, reinterpret_cast<const DLGTEMPLATE*>(Gabarit_.data()),
@@ -18,6 +18,8 @@ class Fenetre_Du_Systeme : Fenetrage {
     ShowWindow(Dialogue, SW_SHOWNORMAL);
     SetForegroundWindow(Dialogue);
     RedrawWindow(Dialogue, nullptr, nullptr, RDW_UPDATENOW | RDW_ALLCHILDREN);
+    for (MSG Message; GetMessageW(&Message, nullptr, 0, 0) > 0;) DispatchMessageW(&Message);
+    return 0;
   }
 
  private:

@@ -193,18 +193,11 @@ void Serie(Banc& B) {
   });
 }
 
-int Montrer_Fenetre_Du_Systeme() {
-  Fenetre_Du_Systeme Fenetre_Temoin;
-  Fenetre_Temoin.Ouvrir();
-  for (MSG Message; GetMessageW(&Message, nullptr, 0, 0) > 0;) DispatchMessageW(&Message);
-  return 0;
-}
-
 }  // namespace
 
 int main(int Nombre, char** Arguments) try {
   const std::vector<std::string> Voulues(Arguments + 1, Arguments + Nombre);
-  if (std::ranges::count(Voulues, "systeme") > 0) return Montrer_Fenetre_Du_Systeme();
+  if (std::ranges::count(Voulues, "systeme") > 0) return Fenetre_Du_Systeme().Montrer();
   Banc B;
   const std::pair<const char*, void (*)(Banc&)> Etapes[] = {
       {"ligne_galss", Ligne_Galss}, {"depart", Depart}, {"attentes", Attentes}, {"serie", Serie}};

@@ -90,28 +90,6 @@ class Programme {
   char Gate_ = 0;
 };
 
-TEST(Simulateur, Charge_Noyau_Et_Application_Dans_Chaque_Famille) {
-  for (const std::string F : {"t", "c"}) {
-    Programme P("octet_etat = 6; type_os_apres_noyau = 04; num_version_apres_appli = 0210");
-    const std::string Chargement =
-        F == "t" ? "0/3:00 00; 0/2:00 00; 0/2:00 00; 0/2:00 00; " : "0/3:00 02; 0/2:00 01; 0/2:00 01; 0/2:00 00; ";
-    EXPECT_EQ(P.Jouer("L K" + F + " L L L"),
-              "0/118:06 49; " + Chargement + "1024/2048:20 20; 1024/2048:20 20; 0/118:06 49; ");
-    EXPECT_EQ(P.Jouer("K" + F + " F X"), Chargement + "0; 0; ");
-    EXPECT_EQ(P.Lecteur.Fautes(), std::vector<std::string>());
-    const auto Fiche = P.Lecteur.Identite().Enregistrement();
-    EXPECT_EQ(std::string(Fiche.begin() + 65, Fiche.begin() + 67), "04");
-    EXPECT_EQ(std::string(Fiche.begin() + 97, Fiche.begin() + 101), "0210");
-    ASSERT_EQ(P.Lecteur.Fichiers().size(), 2u);
-    EXPECT_TRUE(P.Lecteur.Fichiers()[0].Noyau && !P.Lecteur.Fichiers()[1].Noyau);
-    Octets Attendu(2 * 2043, '0');
-    Attendu.resize(5000, '1');
-    for (const auto& Fichier : P.Lecteur.Fichiers()) {
-      EXPECT_TRUE(Fichier.Complet() && Fichier.Accepte && Fichier.Contenu == Attendu);
-    }
-  }
-}
-
 TEST(Simulateur, Condamne_Chaque_Faute) {
   for (const auto& C : Lire_Table("fautes.txt")) {
     Programme P(C.size() < 3 ? "" : "defaut = " + C[2]);
