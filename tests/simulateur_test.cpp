@@ -134,16 +134,6 @@ TEST(Simulateur, Chaque_Defaut_Atteint_Le_Programme) {
   }
 }
 
-TEST(Simulateur, Demande_Restee_Sans_Reprise_N_Ouvre_Aucun_Fichier) {
-  Programme P("defaut = demande 1 : code 64");
-  P.Lecteur.Avant_Appel = [](Cible, int Rang) {
-    if (Rang == 4) throw std::runtime_error("levée");
-  };
-  EXPECT_THROW(P.Jouer("Dt0000000010"), std::runtime_error);
-  EXPECT_EQ(P.Jouer("Bt11:10"), "0/2:01 32; ");
-  EXPECT_EQ(P.Lecteur.Fautes(), std::vector<std::string>{"bloc sans demande de chargement"});
-}
-
 TEST(Simulateur, Scenario_Dit_La_Ligne_Fausse_Et_Garde_Les_Autres) {
   const auto Lu = Lire_Scenario(
       "\xEF\xBB\xBF# lecteur\r\ntype_os = 04\r\ntaille_bloc = 300\nfoo = 1\ndefaut = bloc "

@@ -113,7 +113,7 @@ void Epreuve::Passer_Appel(std::string_view Appel) {
 }
 
 void Epreuve::Jouer(const std::function<void(Epreuve&)>& Jeu) {
-  Vus_ = {Lecteur.Fichiers().size()};
+  Vus_ = {Lecteur.Fichiers().size(), Lecteur.Fautes().size()};
   try {
     Jeu(*this);
   } catch (const Programme_Arrete&) {

@@ -66,7 +66,7 @@ class Epreuve : private Cas, public Poste_De_Test {
   std::string Details_;
   /// Of one run.
   struct Faits {
-    std::size_t Fichiers;                  // that the reader had received before it
+    std::size_t Fichiers, Fautes;          // that the reader had received, and reproached, before it
     std::string_view Frappe = {};          // the call struck last
     std::string Recit = {}, Lettres = {};  // its story; the same, a letter a line
   } Vus_;

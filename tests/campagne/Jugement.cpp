@@ -60,6 +60,7 @@ void Epreuve::Juger() {
   for (const auto Id : Processus.Termines) Exiger(Id == 41, "processus étranger terminé");
   Juger_Lecteur();
   if (!Arrete_ && std::ranges::count(Vus_.Lettres, 'P') == 1) Juger_Mise_A_Jour();
+  Exiger(Arrete_ || !FMain.Ouverte() || FMain.A_Portee() != App.F.FrmResultParam.Ouverte(), "fenêtre principale");
   if (Reprise_ && Ordinaire) Exiger(Vus_.Lettres.ends_with('T'), "reprise manquée");
 }
 
@@ -73,6 +74,12 @@ void Epreuve::Juger_Lecteur() {
   }
   Exiger(std::ranges::count(Vus_.Lettres, 'R') == Entiers, "vrais succès : " + std::to_string(Entiers));
   for (const auto& Faute : Serie_.Fautes()) Exiger(false, Faute);
+  const auto Dit = [&](char Lettre) { return Vus_.Lettres.find(Lettre) != Vus_.Lettres.npos; };
+  for (const auto& Faute : std::span(Lecteur.Fautes()).subspan(Vus_.Fautes)) {
+    // The error handler disconnects whether or not a failed transfer already did.
+    const bool Deja_Fermee = Faute.starts_with("libération") || Faute.starts_with("fermeture");
+    Exiger((Deja_Fermee && Dit('B') && Dit('X')) || std::ranges::count(Vus_.Lettres, 'P') > 1, Faute);
+  }
 }
 
 // One update: every line and every box whole and at its place, and the session as it was told.
