@@ -335,6 +335,8 @@ LRESULT Pair_Barre::Recevoir(UINT Message, WPARAM W, LPARAM L) {
     case WM_ERASEBKGND:
       return 1;
     case WM_PAINT: {
+      // Whole, even where a part alone was uncovered: Tracer goes on from what is painted.
+      InvalidateRect(Poignee(), nullptr, FALSE);
       PAINTSTRUCT Demande{};
       Peindre(BeginPaint(Poignee(), &Demande));
       EndPaint(Poignee(), &Demande);
