@@ -46,29 +46,27 @@ struct Banc : Poste {
     for (double& Un : Lus) Texte >> Un;
     return Lus;
   }
-  /// Hundredths of a second of a processor that the program has taken, as the system under Wine counts them.
-  double Centiemes() const {
+  /// Seconds of a processor that the program has taken, as the system under Wine counts them.
+  double Secondes_Prises() const {
     const std::string Le_Notre = "PAVORIN_PREFIXE=" + Variable(L"PAVORIN_PREFIXE") + '\0';
     for (const auto& Processus : fs::directory_iterator("Z:\\proc")) {
       if (Lire(Processus.path() / "cmdline").find("\\Pavorin.exe") == std::string::npos ||
           Lire(Processus.path() / "environ").find(Le_Notre) == std::string::npos)
         continue;
-      std::istringstream Champs(Lire(Processus.path() / "stat"));
-      double Lui = 0, Systeme = 0;
-      std::string Champ;
-      std::getline(Champs, Champ, ')');
-      for (int I = 0; I < 11; ++I) Champs >> Champ;
-      Champs >> Lui >> Systeme;
-      return Lui + Systeme;
+      double Nanosecondes = 0;
+      for (const auto& Fil : fs::directory_iterator(Processus.path() / "task")) {
+        Nanosecondes += std::stod(Lire(Fil.path() / "schedstat"));
+      }
+      return Nanosecondes / 1e9;
     }
     throw Pas_Venu("le programme ne tourne pas");
   }
   /// Percent of one processor that the program takes.
   double Processeur(double Secondes) const {
-    const double Avant = Centiemes();
+    const double Avant = Secondes_Prises();
     const auto Debut = Horloge::now();
     Sleep(static_cast<DWORD>(Secondes * 1000));
-    return (Centiemes() - Avant) / Millisecondes(Horloge::now() - Debut).count() * 1e3;
+    return (Secondes_Prises() - Avant) / std::chrono::duration<double>(Horloge::now() - Debut).count() * 100;
   }
 };
 
