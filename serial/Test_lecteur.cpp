@@ -30,7 +30,8 @@ constexpr const char* Reglages_Rapides = "19200,n,8,1";
 // The answers take a few milliseconds and about 130 ms at 9600 bauds.
 constexpr double Attente_Test = 1;
 constexpr double Attente_Configuration = 2;
-constexpr std::chrono::milliseconds Sommeil{10};
+// Between two looks at a silent line. What the operator does is answered at once, not after it.
+constexpr std::chrono::milliseconds Sommeil{15};
 // While an answer is coming in: its last byte is not left waiting.
 constexpr std::chrono::milliseconds Sommeil_Court{2};
 

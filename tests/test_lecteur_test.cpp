@@ -50,7 +50,7 @@ TEST_F(Test_Lecteur_Test, Lecteur_A_9600) {
                   R"(TxtDetails + ¶→TEST RÉUSSI; FMain inactive; LblConst = INGENICO;
     LblTypeLec = INGENICO  650; LblNumSerie = N° 42; LblTypeOS = 03; LblNameAppli = Vitale; LblNumVersion = 1.27;
     LblDate = 13 octobre 2005; LblHeure = 09:05; LblCRC = 1A2B; FrmResultParam montrée; port fermé; )"));
-  EXPECT_LE(Ecran.Plus_Longue.count(), 10);
+  EXPECT_LE(Ecran.Plus_Longue.count(), 15);
   EXPECT_FALSE(FMain.Active());
   Fiche.CmdOK.Cliquer();
   EXPECT_EQ(Faits(), Recit("FMain active; FrmResultParam fermée; FMain devant; "));
