@@ -16,6 +16,10 @@ char Minuscule(char C) {
   return C >= 'A' && C <= 'Z' ? static_cast<char>(C - 'A' + 'a') : C;
 }
 
+bool Est_Ascii(char C) {
+  return static_cast<unsigned char>(C) < 0x80;
+}
+
 bool Est_Chiffre(char C) {
   return C >= '0' && C <= '9';
 }
@@ -38,7 +42,11 @@ std::string Extraire(std::string_view Texte, std::size_t Debut, std::size_t Nomb
   return std::string(Suite.substr(0, Suite.size() - Sans_Debut(Suite, Nombre).size()));
 }
 
+// An ASCII byte is a character wherever it stands: such an end needs no count from the start. A
+// directory's names are nearly all of this kind.
 std::string Fin_De(std::string_view Texte, std::size_t Nombre) {
+  const std::string_view Fin = Texte.substr(Texte.size() - std::min(Texte.size(), Nombre));
+  if (std::all_of(Fin.begin(), Fin.end(), Est_Ascii)) return std::string(Fin);
   const std::size_t Total = Nombre_Caracteres(Texte);
   return std::string(Sans_Debut(Texte, Total - std::min(Total, Nombre)));
 }

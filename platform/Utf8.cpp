@@ -11,7 +11,6 @@ struct Entete {
 };
 
 Entete Lire_Entete(unsigned char Octet) {
-  if (Octet < 0x80) return {1, Octet, 0};
   if ((Octet & 0xE0) == 0xC0) return {2, Octet & 0x1FU, 0x80};
   if ((Octet & 0xF0) == 0xE0) return {3, Octet & 0x0FU, 0x800};
   if ((Octet & 0xF8) == 0xF0) return {4, Octet & 0x07U, 0x10000};
@@ -26,7 +25,12 @@ bool Est_Permis(char32_t Caractere, char32_t Minimum) {
 }  // namespace
 
 char32_t Prendre_Caractere(std::string_view& Texte) {
-  const Entete Debut = Lire_Entete(static_cast<unsigned char>(Texte.front()));
+  const auto Premier = static_cast<unsigned char>(Texte.front());
+  if (Premier < 0x80) {
+    Texte.remove_prefix(1);
+    return Premier;
+  }
+  const Entete Debut = Lire_Entete(Premier);
   char32_t Caractere = Debut.Bits;
   bool Valide = Debut.Longueur != 0 && Debut.Longueur <= Texte.size();
   for (std::size_t I = 1; Valide && I < Debut.Longueur; ++I) {

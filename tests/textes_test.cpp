@@ -11,7 +11,7 @@
 
 TEST(Texte, Compte_Les_Caracteres_Et_Non_Les_Octets) {
   EXPECT_EQ(Extraire("Eété.ing", 2, 3), "été");
-  EXPECT_EQ(Fin_De("noyau03é0.ing", 6), "é0.ing");
+  EXPECT_EQ(Fin_De("noyau03é0.ing", 6) + Fin_De("é0.ing", 5), "é0.ing0.ing");
   EXPECT_EQ(Fin_De("abc", 9), "abc");
   EXPECT_EQ(Extraire("abc", 9, 2), "");
   EXPECT_EQ(Nombre_Caracteres("a\xFF"
