@@ -170,7 +170,7 @@ void Serie(Banc& B) {
     return Combien;
   };
   Releves Retards;
-  for (int I = 0; I < Tours; ++I) {
+  for (int I = 0; I < 2 * Tours; ++I) {
     B.Installer({});
     B.Brancher_Serie("morceaux = 1\ndelai_morceaux_ms = 1");
     const int Tous = Emis() + 3 * 9 + 123;
