@@ -83,7 +83,7 @@ signature() {
 
 essai() {
   cmake --build --preset windows --target bout_en_bout_test &&
-    PAVORIN_PAQUET="Z:$PWD/$lieu/ouvert" tests/wine.sh build/windows/bout_en_bout_test.exe --gtest_filter='*Entrainement' |
+    PAVORIN_PAQUET="Z:$PWD/$lieu/ouvert" outils/wine.sh build/windows/bout_en_bout_test.exe --gtest_filter='*Entrainement' |
     tee /dev/stderr | grep -q 'PASSED  ] 1 test'
 }
 

@@ -2,7 +2,7 @@
 # Runs a Windows program on a Windows PC of its own, and ends with its exit code: a Wine prefix and a
 # virtual display taken from a pool, since the focus and the program's single instance belong to a
 # session. Several may run at once; a PC is cleaned before it is used and leaves no process behind.
-#   tests/wine.sh PROGRAM ARGUMENTS...
+#   outils/wine.sh PROGRAM ARGUMENTS...
 # Asked for through the environment:
 #   PAVORIN_DPI=144       pixels per inch, 96 by default
 #   PAVORIN_POLICE=non    a PC without Arial Narrow
