@@ -31,5 +31,5 @@ cent=$(instructions Lecture::Chercher)
 compter '(Catalogue|Enumeration_Nue)/1000$'
 mille=$(instructions Lecture::Chercher)
 juger "a catalogue of 1 000 files, beside one of 100" "$mille" "$cent" 10.5
-juger "a catalogue, beside the bare enumeration" "$mille" "$(instructions Deux_Passages)" 10
+juger "a catalogue, beside the bare enumeration" "$mille" "$(instructions Deux_Passages)" 8.5
 exit $((depasses > 0))
