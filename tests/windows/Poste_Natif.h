@@ -1,5 +1,4 @@
 #pragma once
-
 // The native windows around the whole program, whose machine is the tests' own: a simulated reader,
 // time that jumps, message boxes that answer themselves.
 

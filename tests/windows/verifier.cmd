@@ -1,8 +1,8 @@
 @echo off
 rem Runs the tests that lie beside it on this PC, and ends with "N passed, N failed".
 rem   verifier.cmd [/direct] [FILTER]
-rem /direct waits for no key. FILTER chooses among the tests of the whole program, as "Journal.*:Clavier.*";
-rem those of the Windows layer and of the windows always run.
+rem /direct waits for no key. FILTER chooses among the tests of the windows and of the whole program, as
+rem "Fenetres_Natives.*:Journal.*"; those of the Windows layer always run.
 rem ASCII only: what a console's code page makes of other letters, up to losing its place in this file, is its own.
 rem No "||", no nested loops, no block with a redirection: Wine's own cmd takes them otherwise.
 setlocal
